@@ -1,0 +1,33 @@
+#ifndef TESSARA_CORE_HOST_H_
+#define TESSARA_CORE_HOST_H_
+
+#include <string>
+
+namespace tessara {
+
+// The platform services the logic needs. The core never shows anything and never ends
+// the process itself: it asks the front-end's Host, which is a Qt adapter in the GUI,
+// standard error in the CLI and a recording double in the tests.
+class Host {
+ public:
+  virtual ~Host() = default;
+
+  // A plain message box with one OK button; returns when the user dismissed it.
+  virtual void MessageBox(const std::string& text) = 0;
+
+  // Ends the process with the status. Does not return: a test double throws instead.
+  [[noreturn]] virtual void Exit(int status) = 0;
+
+  // The user's documents folder, without a trailing separator.
+  virtual std::string DocumentsFolder() = 0;
+
+  // Blocks the calling (only) thread for the given time.
+  virtual void Sleep(int milliseconds) = 0;
+
+  // Shows a generated file to the user; a front-end without a viewer does nothing.
+  virtual void ShowInViewer(const std::string& path) = 0;
+};
+
+}  // namespace tessara
+
+#endif  // TESSARA_CORE_HOST_H_

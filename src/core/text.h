@@ -1,0 +1,84 @@
+#ifndef TESSARA_CORE_TEXT_H_
+#define TESSARA_CORE_TEXT_H_
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tessara {
+
+class Host;
+
+// Case-insensitive comparisons of ASCII names: data keys, tags, captions. Bytes
+// outside ASCII compare as they stand, whatever the user's locale.
+char ToLowerAscii(char c);
+char ToUpperAscii(char c);
+std::string ToUpperAscii(std::string_view text);
+bool EqualsNoCase(std::string_view a, std::string_view b);
+bool StartsWithNoCase(std::string_view text, std::string_view prefix);
+bool StartsWith(std::string_view text, std::string_view prefix);
+// Position of needle in haystack without regard to case, or npos.
+std::size_t FindNoCase(std::string_view haystack, std::string_view needle);
+
+// printf-style formatting with the C locale's rules, whatever locale the front-end set.
+std::string FormatC(const char* format, ...) __attribute__((format(printf, 1, 2)));
+
+// The folder of the program's own file, without a trailing separator. SetModuleFolder
+// puts another folder in its place (the --home switch of both executables).
+std::string ModuleFolder();
+void SetModuleFolder(const std::string& folder);
+
+// The host's folder separator, used wherever a path is built or shown.
+inline constexpr char kPathSeparator = '/';
+std::string JoinPath(const std::string& folder, const std::string& name);
+
+// Text-file reading in the chunks the data-file rules are written for: a chunk ends
+// behind a line feed or after 1,999 characters; a carriage return before a line feed
+// is dropped, as text mode does.
+inline constexpr std::size_t kChunkSize = 1999;
+std::vector<std::string> ReadTextChunks(const std::string& fileContent);
+
+// Appends the lines of `section` (found as a plain substring of a chunk) to `out`.
+// Returns 0 when the file was read, 1 when it could not be opened; ends the process
+// through the host when the file does not exist.
+int ReadSectionText(Host& host, const std::string& section, std::string& out,
+                    const std::string& path);
+// The same rule over chunks already in memory.
+void ReadSectionFromChunks(const std::vector<std::string>& chunks, const std::string& section,
+                           std::string& out);
+
+// The 16-bit sum of a text file: every character as a signed 8-bit number, CR of a
+// CR LF not counted. Ends the process through the host when the file does not exist;
+// returns 1 when it exists but cannot be opened.
+std::uint16_t FileChecksum(Host& host, const std::string& path);
+std::uint16_t TextChecksum(const std::string& fileContent);
+
+// C strtoul as a 32-bit unsigned long: base 0, 2 to 36; a value past 32 bits gives
+// 0xFFFFFFFF, a leading minus negates modulo 2^32.
+std::uint32_t CStrtoul32(std::string_view text, int base);
+std::uint32_t ParseNumber(std::string_view text, int base);
+double ParseReal(std::string_view text);
+
+// Register values (divider - 1) of the pair whose product is nearest to a * 0.001 / b.
+void BestDividerPair(int& n, int& m, float a, float b);
+
+void SortParameterLines(std::vector<std::string>& lines, std::vector<std::string>& comments,
+                        std::string order, int count);
+std::string ProjectChecksumLine(std::string_view text);
+std::string StripValue(std::string_view text);
+// The cells of a ";"-list behind the first "=". Cells are returned whole: callers keep
+// the first `maxCells` and cut each to its own size.
+std::vector<std::string> SplitCells(std::string_view text);
+std::string RemoveBlanks(std::string_view text);
+std::string ReadNextToken(std::string& text);
+std::string FirstPathFolder(std::string_view text);
+
+bool FileExists(const std::string& path);
+bool FolderWritable(const std::string& path);
+// Reads a whole file as bytes; false when it cannot be opened or is not a regular file.
+bool ReadWholeFile(const std::string& path, std::string& content);
+
+}  // namespace tessara
+
+#endif  // TESSARA_CORE_TEXT_H_
