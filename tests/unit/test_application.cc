@@ -235,6 +235,31 @@ TEST_F(GroupTablesTest, SectionNamesFollowTheSubstringRule) {
   EXPECT_EQ(*app.database().Entry(1).SectionLine(1, 1), "y=early");
 }
 
+TEST_F(GroupTablesTest, NoMoreThan64ConfigurationsAreRead) {
+  std::string names, ids;
+  for (int k = 1; k <= 66; ++k) {
+    names += "Configuration_" + std::to_string(k) + "=C" + std::to_string(k) + "\n";
+    ids += "ResourceID_" + std::to_string(k) + "=IID_DIALOG_PORT\n";
+  }
+  Application& app = Start("[Configuration_G/1 Group]\n" + names + "[ResourceID_G/1 Group]\n" + ids +
+                           "[C64_G/1 Group]\nx=1\n");
+  const DatabaseEntry& entry = app.database().Entry(1);
+  EXPECT_EQ(entry.Configuration[64], "C64");
+  EXPECT_EQ(entry.ResourceID[64], "IID_DIALOG_PORT");
+  EXPECT_EQ(entry.SectionLines[64].size(), 1u);
+  EXPECT_TRUE(host.messages.empty());
+}
+
+TEST_F(GroupTablesTest, AnOverLongLineIsStoredAsTheChunksItWasReadIn) {
+  std::string longLine = "Radiobox_1=" + std::string(2500, 'x') + "\n";
+  Application& app = Start("[Configuration_G/1 Group]\nConfiguration_1=One\n[One_G/1 Group]\n" + longLine +
+                           "y=2\n");
+  const DatabaseEntry& entry = app.database().Entry(1);
+  // The section text is whole again once its chunks are joined: one stored line.
+  ASSERT_EQ(entry.SectionLines[1].size(), 2u);
+  EXPECT_EQ(entry.SectionLines[1][0].size(), longLine.size() - 1);
+}
+
 TEST(StoreSectionLines, OutOfRangeSlotsAndRowsAreRefused) {
   RecordingHost host;
   DatabaseEntry entry;
