@@ -26,6 +26,19 @@ class Host {
 
   // Shows a generated file to the user; a front-end without a viewer does nothing.
   virtual void ShowInViewer(const std::string& path) = 0;
+
+  // File questions. An empty answer means the user cancelled; a front-end without
+  // dialogs (the CLI, where the command names the file) always cancels.
+  virtual std::string AskOpenFile(const std::string& title, const std::string& filter,
+                                  const std::string& initialFolder) {
+    (void)title, (void)filter, (void)initialFolder;
+    return "";
+  }
+  virtual std::string AskSaveFile(const std::string& title, const std::string& filter,
+                                  const std::string& initialPath) {
+    (void)title, (void)filter, (void)initialPath;
+    return "";
+  }
 };
 
 }  // namespace tessara

@@ -1,0 +1,21 @@
+#ifndef TESSARA_CLI_CLI_HOST_H_
+#define TESSARA_CLI_CLI_HOST_H_
+
+#include "core/host.h"
+
+namespace tessara {
+
+// The headless host: a message box is its text on standard error, the default button
+// is taken at once, and nothing is shown in a viewer.
+class CliHost : public Host {
+ public:
+  void MessageBox(const std::string& text) override;
+  [[noreturn]] void Exit(int status) override;
+  std::string DocumentsFolder() override;
+  void Sleep(int milliseconds) override;
+  void ShowInViewer(const std::string& path) override;
+};
+
+}  // namespace tessara
+
+#endif  // TESSARA_CLI_CLI_HOST_H_

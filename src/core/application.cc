@@ -1,0 +1,82 @@
+#include "core/application.h"
+
+#include "core/host.h"
+#include "core/ini.h"
+#include "core/text.h"
+
+namespace tessara {
+
+namespace {
+
+// File names live in 90-byte fields: a longer ini value arrives cut to 89 characters.
+constexpr std::size_t kDataFileNameBuffer = 90;
+
+std::uint32_t ChecksumFromIni(const std::string& value) {
+  if (StartsWith(value, "H'") || StartsWith(value, "h'")) return CStrtoul32(value.substr(2), 16);
+  return CStrtoul32(value, 0);
+}
+
+}  // namespace
+
+Application::Application(Host& host) : host_(host) {}
+
+int Application::DataFileCount() const {
+  int count = 0;
+  while (count < kMaxDataFiles && !DataFileName[static_cast<std::size_t>(count + 1)].empty()) ++count;
+  return count;
+}
+
+int Application::VerifyDataFiles(VerifyMode mode) {
+  const std::string iniPath = ProgramIniPath();
+  const bool writing =
+      mode == VerifyMode::kWrite ||
+      (mode == VerifyMode::kFromIni &&
+       EqualsNoCase(ReadProfileString("Database_File", "Debug", "", iniPath), "create_checksum"));
+  int slot = 1;
+  for (; slot <= kMaxDataFiles; ++slot) {
+    const std::string key = "File" + std::to_string(slot);
+    std::string name = ReadProfileString("Database_File", key, "", iniPath, kDataFileNameBuffer);
+    if (name.empty()) break;
+    DataFileName[static_cast<std::size_t>(slot)] = name;
+    std::uint32_t expected = ChecksumFromIni(ReadProfileString("Database_File", key + "_Checksum", "", iniPath));
+
+    LocatedFile located = LocateDataFile(name);
+    if (located.path.empty()) {
+      host_.MessageBox(DataFileMissingText(name));
+      host_.Exit(1);
+    }
+    std::uint16_t sum = FileChecksum(host_, located.path);
+    DataFileChecksum[static_cast<std::size_t>(slot)] = sum;
+
+    if (writing) {
+      WriteProfileString("Database_File", key + "_Checksum", FormatC("H'%04X", sum), iniPath);
+    } else if (mode == VerifyMode::kFromIni && expected != sum) {
+      host_.MessageBox(FormatC("IO Files: \"%s\" is being altered!\n\nApplication will now exit!",
+                               located.relativeForm.c_str()));
+      host_.Exit(1);
+    }
+  }
+  return slot;
+}
+
+Application::StartResult Application::StartUp() {
+  if (VerifyDataFiles() == 1) {
+    host_.MessageBox(kNoDatabaseMessage);
+    return StartResult::kNoDatabase;
+  }
+  LoadCatalogue(host_, Database, DataFileName);
+  LoadGroupTables(1);
+  return StartResult::kRunning;
+}
+
+void Application::LoadGroupTables(int slot) {
+  if (slot < 1 || slot > kMaxDataFiles) return;
+  tessara::LoadGroupTables(host_, Database, slot, DataFileName[static_cast<std::size_t>(slot)]);
+}
+
+void Application::SetFamilyFlags(int slot) {
+  if (slot < 1 || slot > kMaxDataFiles) return;
+  Flags.SetFromGroupName(Database.Entry(slot).Group);
+}
+
+}  // namespace tessara

@@ -1,0 +1,178 @@
+#include "core/ini.h"
+
+#include <cstdio>
+#include <fstream>
+#include <string_view>
+#include <vector>
+
+#include "core/text.h"
+
+namespace tessara {
+
+namespace {
+
+std::string_view Trim(std::string_view text) {
+  auto blank = [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; };
+  while (!text.empty() && blank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && blank(text.back())) text.remove_suffix(1);
+  return text;
+}
+
+// The name of a "[name]" line, or no value for any other line.
+bool SectionHeader(std::string_view line, std::string_view& name) {
+  line = Trim(line);
+  if (line.empty() || line.front() != '[') return false;
+  line.remove_prefix(1);
+  std::size_t close = line.find(']');
+  name = Trim(close == std::string_view::npos ? line : line.substr(0, close));
+  return true;
+}
+
+// The key of a "key=value" line; false for lines without "=".
+bool KeyOf(std::string_view line, std::string_view& key, std::string_view& value) {
+  std::size_t equals = line.find('=');
+  if (equals == std::string_view::npos) return false;
+  key = Trim(line.substr(0, equals));
+  value = Trim(line.substr(equals + 1));
+  return true;
+}
+
+std::vector<std::string_view> SplitLines(std::string_view text) {
+  std::vector<std::string_view> lines;
+  std::size_t start = 0;
+  while (start < text.size()) {
+    std::size_t end = text.find('\n', start);
+    if (end == std::string_view::npos) {
+      lines.push_back(text.substr(start));
+      break;
+    }
+    lines.push_back(text.substr(start, end - start));
+    start = end + 1;
+  }
+  return lines;
+}
+
+}  // namespace
+
+std::string ReadProfileStringFromText(const std::string& fileText, const std::string& section,
+                                      const std::string& key, const std::string& fallback,
+                                      std::size_t bufferSize, bool* found) {
+  if (found != nullptr) *found = false;
+  bool inSection = false;
+  bool sectionSeen = false;
+  for (std::string_view line : SplitLines(fileText)) {
+    std::string_view name;
+    if (SectionHeader(line, name)) {
+      // Only the first section of a name is ever looked at.
+      if (inSection) break;
+      inSection = !sectionSeen && EqualsNoCase(name, Trim(section));
+      sectionSeen = sectionSeen || inSection;
+      continue;
+    }
+    if (!inSection) continue;
+    std::string_view lineKey, value;
+    if (KeyOf(line, lineKey, value) && EqualsNoCase(lineKey, Trim(key))) {
+      if (found != nullptr) *found = true;
+      std::size_t limit = bufferSize == 0 ? 0 : bufferSize - 1;
+      return std::string(value.substr(0, limit));
+    }
+  }
+  return fallback;
+}
+
+std::string ReadProfileString(const std::string& section, const std::string& key,
+                              const std::string& fallback, const std::string& path,
+                              std::size_t bufferSize, bool* found) {
+  std::string content;
+  if (!ReadWholeFile(path, content)) {
+    if (found != nullptr) *found = false;
+    return fallback;
+  }
+  return ReadProfileStringFromText(content, section, key, fallback, bufferSize, found);
+}
+
+bool WriteProfileString(const std::string& section, const std::string& key,
+                        const std::string& value, const std::string& path) {
+  std::string content;
+  bool exists = ReadWholeFile(path, content);
+  // New lines follow the file's own line ends; a new file gets CR LF.
+  bool crlf = !exists || content.find('\n') == std::string::npos ||
+              (content.find('\n') > 0 && content[content.find('\n') - 1] == '\r');
+  const std::string newLine = key + "=" + value;
+
+  std::vector<std::string> lines;
+  for (std::string_view line : SplitLines(content)) lines.emplace_back(line);
+  std::string lineEnd = crlf ? "\r" : "";
+  // An unterminated last line is closed first, so that new lines can follow it.
+  if (!content.empty() && content.back() != '\n') lines.back() += lineEnd;
+
+  int sectionStart = -1;
+  int lastContentLine = -1;
+  int keyLine = -1;
+  for (int i = 0; i < static_cast<int>(lines.size()); ++i) {
+    std::string_view name;
+    if (SectionHeader(lines[static_cast<std::size_t>(i)], name)) {
+      if (sectionStart >= 0) break;
+      if (EqualsNoCase(name, Trim(section))) {
+        sectionStart = i;
+        lastContentLine = i;
+      }
+      continue;
+    }
+    if (sectionStart < 0) continue;
+    std::string_view lineKey, lineValue;
+    if (KeyOf(lines[static_cast<std::size_t>(i)], lineKey, lineValue) &&
+        EqualsNoCase(lineKey, Trim(key))) {
+      keyLine = i;
+      break;
+    }
+    if (!Trim(lines[static_cast<std::size_t>(i)]).empty()) lastContentLine = i;
+  }
+
+  if (keyLine >= 0) {
+    lines[static_cast<std::size_t>(keyLine)] = newLine + lineEnd;
+  } else if (sectionStart >= 0) {
+    lines.insert(lines.begin() + lastContentLine + 1, newLine + lineEnd);
+  } else {
+    lines.push_back("[" + section + "]" + lineEnd);
+    lines.push_back(newLine + lineEnd);
+  }
+
+  std::string text;
+  for (const std::string& line : lines) text += line + "\n";
+
+  // Written beside the target and renamed over it, so that a failed write never
+  // leaves half an ini behind.
+  std::string temporary = path + ".tmp~";
+  {
+    std::ofstream out(temporary, std::ios::binary | std::ios::trunc);
+    if (!out) return false;
+    out << text;
+    out.flush();
+    if (!out) {
+      std::remove(temporary.c_str());
+      return false;
+    }
+  }
+  if (std::rename(temporary.c_str(), path.c_str()) != 0) {
+    std::remove(temporary.c_str());
+    return false;
+  }
+  return true;
+}
+
+std::string ProgramIniPath() { return JoinPath(ModuleFolder(), "Tessara.ini"); }
+
+std::size_t ReadProgramIni(const std::string& section, const std::string& key, std::string& out,
+                           const std::string& iniPath) {
+  out = ReadProfileString(section, key, "", iniPath.empty() ? ProgramIniPath() : iniPath,
+                          kProgramIniBufferSize);
+  return out.size();
+}
+
+bool WriteProgramIni(const std::string& section, const std::string& key, const std::string& value,
+                     const std::string& iniPath) {
+  return WriteProfileString(section, key, value, iniPath.empty() ? ProgramIniPath() : iniPath);
+}
+
+}  // namespace tessara

@@ -1,0 +1,130 @@
+#include "database/device_database.h"
+
+#include "core/host.h"
+#include "core/ini.h"
+#include "core/text.h"
+
+namespace tessara {
+
+namespace {
+
+const char* const kIoFolder = "IO Files";
+
+// Reads keys prefix1, prefix2, ... of a section until the first absent (or empty) one.
+template <std::size_t N>
+void ReadNumberedKeys(const std::string& fileText, const std::string& section,
+                      const char* prefix, int last, std::array<std::string, N>& slots) {
+  for (int j = 1; j <= last; ++j) {
+    std::string value = ReadProfileStringFromText(fileText, section, prefix + std::to_string(j), "");
+    if (value.empty()) break;
+    slots[static_cast<std::size_t>(j)] = value;
+  }
+}
+
+}  // namespace
+
+const std::string* DatabaseEntry::SectionLine(int k, int place) const {
+  if (k < 0 || k > kMaxConfigurations || place < 1) return nullptr;
+  const std::vector<std::string>& lines = SectionLines[static_cast<std::size_t>(k)];
+  if (static_cast<std::size_t>(place) > lines.size()) return nullptr;
+  return &lines[static_cast<std::size_t>(place - 1)];
+}
+
+LocatedFile LocateDataFile(const std::string& name) {
+  LocatedFile located;
+  std::string inIoFolder = JoinPath(JoinPath(ModuleFolder(), kIoFolder), name);
+  std::string beside = JoinPath(ModuleFolder(), name);
+  if (FileExists(inIoFolder)) {
+    located.path = inIoFolder;
+    located.relativeForm = std::string(1, kPathSeparator) + kIoFolder + kPathSeparator + name;
+  } else if (FileExists(beside)) {
+    located.path = beside;
+    located.relativeForm = std::string(1, kPathSeparator) + name;
+  } else {
+    located.relativeForm = std::string(1, kPathSeparator) + name;
+  }
+  return located;
+}
+
+std::string DataFileMissingText(const std::string& name) {
+  std::string relative = std::string(1, kPathSeparator) + name;
+  return FormatC("Missing IO Files: \"%s\".\n\nApplication will now exit!", relative.c_str());
+}
+
+int LoadCatalogue(Host& host, DeviceDatabase& database, const std::vector<std::string>& fileNames) {
+  int slot = 1;
+  for (; slot <= kMaxDataFiles; ++slot) {
+    if (static_cast<std::size_t>(slot) >= fileNames.size() || fileNames[static_cast<std::size_t>(slot)].empty()) break;
+    const std::string& name = fileNames[static_cast<std::size_t>(slot)];
+    LocatedFile located = LocateDataFile(name);
+    std::string fileText;
+    if (located.path.empty() || !ReadWholeFile(located.path, fileText)) {
+      host.MessageBox(DataFileMissingText(name));
+      host.Exit(1);
+    }
+    DatabaseEntry& entry = database.Entry(slot);
+    entry.Series = ReadProfileStringFromText(fileText, "Database", "Series", "");
+    entry.Group = ReadProfileStringFromText(fileText, "Database", "Group", "");
+    ReadNumberedKeys(fileText, "Database", "Part_No_", kMaxParts, entry.Part);
+    ReadNumberedKeys(fileText, "Database", "Color_", kMaxColors, entry.Color);
+  }
+  return slot;
+}
+
+void StoreSectionLines(Host& host, DatabaseEntry& entry, int slot, int k, const std::string& text) {
+  int place = 1;
+  std::size_t start = 0;
+  while (start < text.size()) {
+    std::size_t end = text.find('\n', start);
+    // A last line that no line feed ends is not part of the section.
+    if (end == std::string::npos) break;
+    std::string_view line = std::string_view(text).substr(start, end - start);
+    start = end + 1;
+    bool comment = (line.size() > 0 && line[0] == '/') || (line.size() > 1 && line[1] == '/');
+    if (line.empty() || comment) continue;
+    if (slot > kMaxDataFiles) {
+      host.MessageBox(std::string(kTooMuchDataMessage) + "4002");
+      continue;
+    }
+    if (k > kMaxConfigurations) {
+      host.MessageBox(std::string(kTooMuchDataMessage) + "4003");
+      continue;
+    }
+    if (place > kMaxSectionLines) {
+      host.MessageBox(std::string(kTooMuchDataMessage) + "4004");
+      continue;
+    }
+    entry.SectionLines[static_cast<std::size_t>(k)].emplace_back(line);
+    ++place;
+  }
+}
+
+void LoadGroupTables(Host& host, DeviceDatabase& database, int slot, const std::string& fileName) {
+  if (slot < 1 || slot > kMaxDataFiles) return;
+  DatabaseEntry& entry = database.Entry(slot);
+  if (entry.TablesLoaded()) return;
+  // This stage reads the group's file from "IO Files" alone.
+  const std::string path = JoinPath(JoinPath(ModuleFolder(), kIoFolder), fileName);
+  std::string fileText;
+  bool readable = ReadWholeFile(path, fileText);
+  ReadNumberedKeys(fileText, "Configuration_" + entry.Group, "Configuration_", kMaxConfigurations,
+                   entry.Configuration);
+  ReadNumberedKeys(fileText, "ResourceID_" + entry.Group, "ResourceID_", kMaxConfigurations,
+                   entry.ResourceID);
+
+  // The file is read once and cut into chunks once; every section is then found by the
+  // same substring rule a fresh read would apply.
+  std::vector<std::string> chunks;
+  if (readable) chunks = ReadTextChunks(fileText);
+  for (int k = 1; k <= kMaxConfigurations && !entry.Configuration[static_cast<std::size_t>(k)].empty(); ++k) {
+    std::string text;
+    if (!readable) {
+      if (ReadSectionText(host, entry.Configuration[static_cast<std::size_t>(k)] + "_" + entry.Group, text, path) != 0) continue;
+    } else {
+      ReadSectionFromChunks(chunks, entry.Configuration[static_cast<std::size_t>(k)] + "_" + entry.Group, text);
+    }
+    StoreSectionLines(host, entry, slot, k, text);
+  }
+}
+
+}  // namespace tessara

@@ -1,0 +1,78 @@
+#include "core/ini.h"
+
+#include <gtest/gtest.h>
+
+#include "temp_folder.h"
+
+namespace tessara {
+namespace {
+
+const char* const kSample =
+    "; a comment\r\n"
+    "[Database_File]\r\n"
+    "  File1 =  first.ini  \r\n"
+    "file1=second.ini\r\n"
+    "Empty=\r\n"
+    "[generate]\r\n"
+    "EnhancedGenerate=1\r\n"
+    "[Database_File]\r\n"
+    "File2=hidden.ini\r\n";
+
+TEST(ReadProfileString, NamesWithoutRegardToCaseBlanksDroppedFirstMatchWins) {
+  bool found = false;
+  EXPECT_EQ(ReadProfileStringFromText(kSample, "DATABASE_FILE", "FILE1", "d", kProfileBufferSize, &found), "first.ini");
+  EXPECT_TRUE(found);
+  EXPECT_EQ(ReadProfileStringFromText(kSample, "Generate", "enhancedgenerate", "d"), "1");
+}
+
+TEST(ReadProfileString, AbsentKeysSectionsAndFilesGiveTheDefault) {
+  bool found = true;
+  EXPECT_EQ(ReadProfileStringFromText(kSample, "Database_File", "File9", "dflt", kProfileBufferSize, &found), "dflt");
+  EXPECT_FALSE(found);
+  EXPECT_EQ(ReadProfileStringFromText(kSample, "Nowhere", "File1", ""), "");
+  EXPECT_EQ(ReadProfileStringFromText(kSample, "Database_File", "Empty", "dflt"), "");
+  // A second section of the same name is never looked at.
+  EXPECT_EQ(ReadProfileStringFromText(kSample, "Database_File", "File2", "none"), "none");
+  EXPECT_EQ(ReadProfileString("Database_File", "File1", "none", "/no/such/file.ini"), "none");
+}
+
+TEST(ReadProfileString, ValueIsCutToTheBuffer) {
+  std::string text = "[S]\nk=" + std::string(3000, 'v') + "\n";
+  EXPECT_EQ(ReadProfileStringFromText(text, "S", "k", "").size(), kProfileBufferSize - 1);
+  EXPECT_EQ(ReadProfileStringFromText(text, "S", "k", "", 90).size(), 89u);
+}
+
+TEST(WriteProfileString, CreatesFileSectionAndKey) {
+  TempFolder folder;
+  std::string path = folder.File("new.ini");
+  ASSERT_TRUE(WriteProfileString("Generate", "Path", "/x", path));
+  EXPECT_EQ(folder.Read("new.ini"), "[Generate]\r\nPath=/x\r\n");
+  ASSERT_TRUE(WriteProfileString("Generate", "Other", "2", path));
+  ASSERT_TRUE(WriteProfileString("Display", "ExtraSetting", "1", path));
+  EXPECT_EQ(folder.Read("new.ini"),
+            "[Generate]\r\nPath=/x\r\nOther=2\r\n[Display]\r\nExtraSetting=1\r\n");
+  EXPECT_EQ(ReadProfileString("generate", "other", "", path), "2");
+}
+
+TEST(WriteProfileString, ReplacesTheFirstMatchAndKeepsEveryOtherLine) {
+  TempFolder folder;
+  std::string path = folder.Write("t.ini",
+                                  "# header\n[A]\nx = 1\nX=2\n\n[B]\ny=3\n");
+  ASSERT_TRUE(WriteProfileString("a", "x", "9", path));
+  ASSERT_TRUE(WriteProfileString("A", "z", "new", path));
+  EXPECT_EQ(folder.Read("t.ini"), "# header\n[A]\nx=9\nX=2\nz=new\n\n[B]\ny=3\n");
+}
+
+TEST(WriteProfileString, ClosesAnUnterminatedLastLine) {
+  TempFolder folder;
+  std::string path = folder.Write("t.ini", "[A]\nx=1");
+  ASSERT_TRUE(WriteProfileString("A", "y", "2", path));
+  EXPECT_EQ(folder.Read("t.ini"), "[A]\nx=1\ny=2\n");
+}
+
+TEST(WriteProfileString, FailsWhereTheFileCannotBeWritten) {
+  EXPECT_FALSE(WriteProfileString("A", "x", "1", "/no/such/folder/t.ini"));
+}
+
+}  // namespace
+}  // namespace tessara

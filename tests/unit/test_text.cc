@@ -1,0 +1,242 @@
+#include "core/text.h"
+
+#include <gtest/gtest.h>
+
+#include "recording_host.h"
+#include "temp_folder.h"
+
+namespace tessara {
+namespace {
+
+TEST(ParseNumber, PrefixesBeatTheBase) {
+  EXPECT_EQ(ParseNumber("10", 0), 16u);
+  EXPECT_EQ(ParseNumber("10", 16), 16u);
+  EXPECT_EQ(ParseNumber("10", 10), 10u);
+  EXPECT_EQ(ParseNumber("D'10", 16), 10u);
+  EXPECT_EQ(ParseNumber("d'10", 0), 10u);
+  EXPECT_EQ(ParseNumber("H'10", 10), 16u);
+  EXPECT_EQ(ParseNumber("h'ff", 2), 255u);
+  EXPECT_EQ(ParseNumber("101", 2), 5u);
+  EXPECT_EQ(ParseNumber("", 10), 0u);
+}
+
+TEST(ParseNumber, ReadsLikeStrtoulOnA32BitLong) {
+  EXPECT_EQ(ParseNumber("12x", 10), 12u);
+  EXPECT_EQ(ParseNumber("x", 10), 0u);
+  EXPECT_EQ(ParseNumber("0x1F", 0), 0x1Fu);
+  EXPECT_EQ(ParseNumber("4294967296", 10), 0xFFFFFFFFu);
+  EXPECT_EQ(ParseNumber("-1", 10), 0xFFFFFFFFu);
+  // Only 11 characters behind a prefix are read.
+  EXPECT_EQ(ParseNumber("D'000000000012", 10), 1u);
+}
+
+TEST(CStrtoul32, Base0FollowsTheCRule) {
+  EXPECT_EQ(CStrtoul32("0377", 0), 255u);
+  EXPECT_EQ(CStrtoul32("0xff", 0), 255u);
+  EXPECT_EQ(CStrtoul32("255", 0), 255u);
+  EXPECT_EQ(CStrtoul32("  42", 0), 42u);
+}
+
+TEST(ParseReal, ReadsLikeAtofWhateverTheLocale) {
+  EXPECT_DOUBLE_EQ(ParseReal("2.5"), 2.5);
+  EXPECT_DOUBLE_EQ(ParseReal(" 1e3x"), 1000.0);
+  EXPECT_DOUBLE_EQ(ParseReal("abc"), 0.0);
+  EXPECT_DOUBLE_EQ(ParseReal(""), 0.0);
+}
+
+TEST(FormatC, UsesTheCRules) {
+  EXPECT_EQ(FormatC("%.3f", 1.5), "1.500");
+  EXPECT_EQ(FormatC("H'%04X", 0xab), "H'00AB");
+  EXPECT_EQ(FormatC("%s", ""), "");
+}
+
+TEST(BestDividerPair, ZeroGivesTheSmallestProduct) {
+  int n = -1, m = -1;
+  BestDividerPair(n, m, 0.0f, 1.0f);
+  EXPECT_EQ(n, 0);
+  EXPECT_EQ(m, 0);
+}
+
+TEST(BestDividerPair, ExactPairsPreferTheLargestFirstDivider) {
+  int n = 0, m = 0;
+  // x = 6000 * 0.001 / 1 = 6: 256 down to 1 first finds 6 * 1.
+  BestDividerPair(n, m, 6000.0f, 1.0f);
+  EXPECT_EQ(n, 5);
+  EXPECT_EQ(m, 0);
+  // x = 1000: 250 * 4 is the first exact product met from 256 downwards.
+  BestDividerPair(n, m, 1000000.0f, 1.0f);
+  EXPECT_EQ(n, 249);
+  EXPECT_EQ(m, 3);
+}
+
+TEST(BestDividerPair, TooLargeATargetKeepsTheStartingPair) {
+  int n = 0, m = 0;
+  // x = 70000 is more than 256 away from every product: nothing beats the start.
+  BestDividerPair(n, m, 70000000.0f, 1.0f);
+  EXPECT_EQ(n, 255);
+  EXPECT_EQ(m, 0);
+}
+
+TEST(SortParameterLines, MovesNamedLinesToTheFrontInOrder) {
+  std::vector<std::string> lines = {"a=1", "b=2", "c=3", "d=4"};
+  std::vector<std::string> comments = {"ca", "cb", "cc", "cd"};
+  SortParameterLines(lines, comments, "C;x;A;", 4);
+  EXPECT_EQ(lines, (std::vector<std::string>{"c=3", "a=1", "b=2", "d=4"}));
+  EXPECT_EQ(comments, (std::vector<std::string>{"cc", "ca", "cb", "cd"}));
+}
+
+TEST(SortParameterLines, StopsWhenAllButOneArePlacedOrTheOrderEnds) {
+  std::vector<std::string> lines = {"a=1", "b=2"};
+  std::vector<std::string> comments = {"", ""};
+  SortParameterLines(lines, comments, "b;a;", 2);
+  EXPECT_EQ(lines, (std::vector<std::string>{"b=2", "a=1"}));
+  // A name without its closing ";" is not an entry.
+  lines = {"a=1", "b=2", "c=3"};
+  SortParameterLines(lines, comments = {"", "", ""}, "c", 3);
+  EXPECT_EQ(lines, (std::vector<std::string>{"a=1", "b=2", "c=3"}));
+}
+
+TEST(ProjectChecksumLine, SumsSignedBytes) {
+  EXPECT_EQ(ProjectChecksumLine("AB"), "Checksum:131");
+  EXPECT_EQ(ProjectChecksumLine(""), "Checksum:0");
+  EXPECT_EQ(ProjectChecksumLine("\xC3\xA9"), "Checksum:-148");
+}
+
+TEST(StripValue, TakesTheNameBeforeTheFirstEquals) {
+  EXPECT_EQ(StripValue("abc"), "abc");
+  EXPECT_EQ(StripValue("=abc"), "");
+  EXPECT_EQ(StripValue("a=b=c"), "a");
+  EXPECT_EQ(StripValue(std::string(40, 'n') + "=1"), std::string(31, 'n'));
+}
+
+TEST(SplitCells, KeepsEmptyCellsButOpensNoneBehindALastSemicolon) {
+  EXPECT_EQ(SplitCells("x=a;b;"), (std::vector<std::string>{"a", "b"}));
+  EXPECT_EQ(SplitCells("a;;b"), (std::vector<std::string>{"a", "", "b"}));
+  EXPECT_EQ(SplitCells("k=v=w;z"), (std::vector<std::string>{"v=w", "z"}));
+  EXPECT_TRUE(SplitCells("k=").empty());
+}
+
+TEST(ReadNextToken, TakesOneRunAndOneSeparator) {
+  std::string text = "12 34";
+  EXPECT_EQ(ReadNextToken(text), "12");
+  EXPECT_EQ(text, "34");
+  EXPECT_EQ(ReadNextToken(text), "34");
+  EXPECT_EQ(text, "");
+  EXPECT_EQ(ReadNextToken(text), "");
+  text = ":rest";
+  EXPECT_EQ(ReadNextToken(text), "");
+  EXPECT_EQ(text, "rest");
+  text = "Tag:1=2";
+  EXPECT_EQ(ReadNextToken(text), "Tag");
+  EXPECT_EQ(ReadNextToken(text), "1");
+  EXPECT_EQ(text, "2");
+}
+
+TEST(RemoveBlanks, RemovesOnlyBlanks) { EXPECT_EQ(RemoveBlanks(" Port 1\t"), "Port1\t"); }
+
+TEST(FirstPathFolder, TakesTheFolderOfTheFirstElement) {
+  EXPECT_EQ(FirstPathFolder("/home/u/out/Config.c,/tmp/x.c"), "/home/u/out");
+  EXPECT_EQ(FirstPathFolder("Config.c,/tmp/x.c"), "");
+  EXPECT_EQ(FirstPathFolder(""), "");
+}
+
+TEST(CaseHelpers, CompareAsciiWithoutRegardToCase) {
+  EXPECT_TRUE(EqualsNoCase("Timer RA", "TIMER ra"));
+  EXPECT_FALSE(EqualsNoCase("Timer", "Timer "));
+  EXPECT_TRUE(StartsWithNoCase("initial_value_1", "INITIAL_VALUE"));
+  EXPECT_EQ(FindNoCase("Port 11", "PORT 1"), 0u);
+  EXPECT_EQ(FindNoCase("abc", "d"), std::string_view::npos);
+}
+
+TEST(ReadTextChunks, CutsBehindLineFeedsAndAtTheChunkSize) {
+  std::vector<std::string> chunks = ReadTextChunks("ab\r\ncd\rx\n" + std::string(2000, 'z'));
+  ASSERT_EQ(chunks.size(), 4u);
+  EXPECT_EQ(chunks[0], "ab\n");
+  EXPECT_EQ(chunks[1], "cd\rx\n");
+  EXPECT_EQ(chunks[2].size(), kChunkSize);
+  EXPECT_EQ(chunks[3], "z");
+}
+
+class SectionTextTest : public ::testing::Test {
+ protected:
+  std::string Section(const std::string& name, const std::string& content) {
+    std::string path = folder.Write("data.ini", content);
+    std::string out;
+    EXPECT_EQ(ReadSectionText(host, name, out, path), 0);
+    return out;
+  }
+  TempFolder folder;
+  RecordingHost host;
+};
+
+TEST_F(SectionTextTest, ReadsUpToTheNextBracketLine) {
+  EXPECT_EQ(Section("Timer_G", "[A]\nx=1\n[Timer_G]\nDialog=T\r\ny=2\n[Next]\nz=3\n"), "Dialog=T\ny=2\n");
+}
+
+TEST_F(SectionTextTest, TheLastSectionRunsToTheEndOfTheFile) {
+  EXPECT_EQ(Section("S", "[S]\na=1\nlast"), "a=1\nlast");
+}
+
+TEST_F(SectionTextTest, AnyMentionOfTheNameStartsTheSection) {
+  // The name is a plain substring of a comment line, ahead of the real section.
+  EXPECT_EQ(Section("Port 1_G", "// see Port 1_G below\nearly=1\n[Port 1_G]\nlate=2\n"),
+            "early=1\n");
+  // Case matters for the search.
+  EXPECT_EQ(Section("port", "[Port]\na=1\n"), "");
+}
+
+TEST_F(SectionTextTest, AnOverLongLineArrivesAsTwoChunks) {
+  std::string line = std::string(kChunkSize, 'a') + "[tail\n";
+  EXPECT_EQ(Section("S", "[S]\n" + line + "more=1\n"), std::string(kChunkSize, 'a'));
+}
+
+TEST_F(SectionTextTest, AMissingFileEndsTheProgram) {
+  std::string out = "kept";
+  try {
+    ReadSectionText(host, "S", out, folder.File("absent.ini"));
+    FAIL() << "expected the program to end";
+  } catch (const HostExit& exit) {
+    EXPECT_EQ(exit.status, 1);
+  }
+  ASSERT_EQ(host.messages.size(), 1u);
+  EXPECT_EQ(host.messages[0],
+            "Missing Files to read: \"" + folder.File("absent.ini") + "\"..\n\nApplication will now exit!");
+  EXPECT_EQ(out, "kept");
+}
+
+TEST(FileChecksum, OneSumForEitherLineEnd) {
+  TempFolder folder;
+  RecordingHost host;
+  std::string lf = folder.Write("lf.txt", "A\nB\n");
+  std::string crlf = folder.Write("crlf.txt", "A\r\nB\r\n");
+  EXPECT_EQ(FileChecksum(host, lf), 65 + 10 + 66 + 10);
+  EXPECT_EQ(FileChecksum(host, crlf), 65 + 10 + 66 + 10);
+}
+
+TEST(FileChecksum, BytesAboveAsciiCountNegativeAndNulEndsAChunk) {
+  EXPECT_EQ(TextChecksum("\xFF"), 0xFFFF);  // -1 in 16 bits
+  EXPECT_EQ(TextChecksum(std::string("A\0B\nC", 5)), 65 + 67);
+  EXPECT_EQ(TextChecksum(""), 0);
+}
+
+TEST(FileChecks, ExistsAndWritable) {
+  TempFolder folder;
+  std::string file = folder.Write("f.txt", "x");
+  EXPECT_TRUE(FileExists(file));
+  EXPECT_FALSE(FileExists(folder.File("none.txt")));
+  EXPECT_FALSE(FileExists(folder.path()));
+  EXPECT_TRUE(FolderWritable(folder.path() + "/"));
+  EXPECT_FALSE(FileExists(folder.File("~~")));
+  EXPECT_FALSE(FolderWritable(folder.File("no/such/folder/")));
+}
+
+TEST(ModuleFolder, HomeStandsInForTheProgramFolder) {
+  SetModuleFolder("/some/home/");
+  EXPECT_EQ(ModuleFolder(), "/some/home");
+  SetModuleFolder("");
+  EXPECT_FALSE(ModuleFolder().empty());
+  EXPECT_NE(ModuleFolder(), "/some/home");
+}
+
+}  // namespace
+}  // namespace tessara
