@@ -182,6 +182,13 @@ ClockSummary Clock2PanelSummary(const ClockSummaryInput& clock, const FamilyFlag
   return summary;
 }
 
+ClockSummary WriteClockSummary(const ClockSummaryInput* clockLink,
+                               const ClockSummaryInput* clock2Link, const FamilyFlags& flags) {
+  if (clockLink != nullptr) return ClockPanelSummary(*clockLink);
+  if (clock2Link != nullptr) return Clock2PanelSummary(*clock2Link, flags);
+  return ClockSummary();
+}
+
 void SetKBClockValues(const ClockSummaryInput& clock, ClockValues& values) {
   if (clock.secondFrequency.enabled) values.SystemClockHz = ParseReal(clock.secondFrequency.selected) * 1000000;
   if (clock.frequency.enabled) values.LowClockHz = ParseReal(clock.frequency.selected) * 1000;

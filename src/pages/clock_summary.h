@@ -50,6 +50,11 @@ ClockSummary ClockPanelSummary(const ClockSummaryInput& clock);
 // KB, QTL, ZNR9, then the groups QTL/4V to QTL/4Y. With none set nothing is written.
 ClockSummary Clock2PanelSummary(const ClockSummaryInput& clock, const FamilyFlags& flags);
 
+// What the peripheral page writes when it opens: the summary of the ClockPanel when
+// its link is set, else that of the Clock2Panel, else nothing.
+ClockSummary WriteClockSummary(const ClockSummaryInput* clockLink,
+                               const ClockSummaryInput* clock2Link, const FamilyFlags& flags);
+
 // The number behind "=" of the first of the rows that begins with `name` (compared on
 // the length of `name`, without regard to case); 0 when no row does.
 double ClockRowValue(const std::vector<std::string>& rows, std::string_view name);
