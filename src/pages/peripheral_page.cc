@@ -1,5 +1,7 @@
 #include "pages/peripheral_page.h"
 
+#include <cstdlib>
+
 #include "core/application.h"
 #include "core/host.h"
 #include "core/text.h"
@@ -113,9 +115,36 @@ void PeripheralPage::Open(bool openedByNext, const PeripheralPanel* clockLink,
   }
   BindPanels();
   listPosition_ = 0;
-  // Restoring the selection of a project comes here; without one it is one Select of
-  // the first row.
-  if (!listItems_.empty()) Select(0);
+  RestoreSelection();
+}
+
+void PeripheralPage::RestoreSelection() {
+  SelectedMap = std::string(kSelectedMapPlaces, '0');
+  const int count = static_cast<int>(listItems_.size());
+  if (ProjectText.empty()) {
+    Select(0);
+    return;
+  }
+  const std::string mapTag = "Selected_Peripherals";
+  std::size_t map = ProjectText.find(mapTag);
+  if (map != std::string::npos) {
+    std::string stored = ProjectText.substr(map + mapTag.size() + 1, kSelectedMapPlaces);
+    stored.resize(kSelectedMapPlaces, '0');
+    SelectedMap = stored;
+    for (int position = std::min(count, kSelectedMapPlaces) - 1; position >= 0; --position) {
+      if (stored[static_cast<std::size_t>(position)] == '1') Select(position);
+    }
+  } else {
+    for (int position = count - 1; position >= 0; --position) Select(position);
+  }
+  const std::string extraTag = "ExtraSettings:";
+  std::size_t extra = ProjectText.find(extraTag);
+  if (extra != std::string::npos) {
+    std::string rest = ProjectText.substr(extra + extraTag.size());
+    for (auto& row : ExtraSettingsState) {
+      for (int& value : row) value = static_cast<int>(std::strtol(ReadNextToken(rest).c_str(), nullptr, 10));
+    }
+  }
 }
 
 void PeripheralPage::BindPanels() {

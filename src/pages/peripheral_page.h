@@ -75,7 +75,15 @@ class PeripheralPage {
   const PeripheralPanel* ClockLink() const { return clockLink_; }
   const PeripheralPanel* Clock2Link() const { return clock2Link_; }
 
+  static constexpr int kExtraSettingsRows = 65;
+  static constexpr int kExtraSettingsSlots = 30;
+  using ExtraSettingsTable =
+      std::array<std::array<int, kExtraSettingsSlots>, kExtraSettingsRows>;
+
   std::string SelectedMap = std::string(kSelectedMapPlaces, '0');
+  // The popup's side settings by list position: slots 1 to 4 the combo boxes, 5 to 20
+  // the check boxes.
+  ExtraSettingsTable ExtraSettingsState{};
   std::string ProjectText;
   int ResetWarningOff = 0;
   bool OpenedByNext = false;
@@ -88,6 +96,9 @@ class PeripheralPage {
   };
 
   void BindPanels();
+  // Selects the list positions a loaded project had opened, last to first, and takes
+  // its side settings.
+  void RestoreSelection();
   PanelSlot* SlotOf(PanelKind kind, int instance) const;
   void DestroyPanelWindows();
 
