@@ -48,7 +48,8 @@ bool Among(PanelKind kind, const PanelKind (&kinds)[N]) {
 
 }  // namespace
 
-PeripheralPage::PeripheralPage(Application& application) : application_(application) {
+PeripheralPage::PeripheralPage(Application& application)
+    : Ide(ConnectIdeServer()), application_(application) {
   for (const ResourceTag& tag : kResourceTags) {
     if (tag.kind == PanelKind::kClock || tag.kind == PanelKind::kClock2) continue;
     auto& instances = panels_[static_cast<std::size_t>(tag.kind)];

@@ -8,6 +8,8 @@
 
 #include "database/peripheral_identity.h"
 #include "generator/output_target.h"
+#include "idelink/ide_link.h"
+#include "idelink/ide_server.h"
 #include "pages/parameter_list.h"
 #include "panels/framework/panel_context.h"
 
@@ -88,6 +90,10 @@ class PeripheralPage {
   int ResetWarningOff = 0;
   bool OpenedByNext = false;
   OutputState Output;
+  // The development environment's server, connected once when the page is built; null
+  // when there is none.
+  std::unique_ptr<IdeServer> Ide;
+  ProjectDetectedDialogModel ProjectDialog;
 
  private:
   struct PanelSlot {
