@@ -1,0 +1,26 @@
+#include "pages/parameter_list.h"
+
+#include "core/text.h"
+
+namespace tessara {
+
+void ParameterList::DeleteAllRows() {
+  rows_.clear();
+  highlightRow_ = -1;
+  visibleRow_ = -1;
+}
+
+int ParameterList::AppendRow(std::string parameter, std::string comment) {
+  rows_.push_back(Row{std::move(parameter), std::move(comment)});
+  return static_cast<int>(rows_.size()) - 1;
+}
+
+int ParameterList::FindRowStartingWith(std::string_view prefix) const {
+  if (prefix.empty()) return -1;
+  for (std::size_t i = 0; i < rows_.size(); ++i) {
+    if (StartsWithNoCase(rows_[i].parameter, prefix)) return static_cast<int>(i);
+  }
+  return -1;
+}
+
+}  // namespace tessara
