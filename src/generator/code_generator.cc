@@ -291,7 +291,7 @@ std::string CodeGenerator::BuildClockText() {
                 (clock2 && statement.find("cm04=1") != std::string::npos);
     if (loop) AppendCodeLine(kClockLoop, " ", following);
   };
-  AppendParameterRows({&clock->SortableParameterRows(), &clock->SortableParameterComments(), nullptr,
+  AppendParameterRows({&clock->MutableParameterRows(), &clock->MutableParameterComments(), nullptr,
                        clock->ParameterSort(), 15},
                       text, rule);
   std::string extra;
@@ -314,7 +314,7 @@ std::string CodeGenerator::BuildInitBody(std::string& clockText) {
           panel->EmitRegisterCode(code);
           if (!code.empty()) out += "\n\t" + code + "\n";
         }
-        AppendParameterRows({&panel->SortableParameterRows(), &panel->SortableParameterComments(),
+        AppendParameterRows({&panel->MutableParameterRows(), &panel->MutableParameterComments(),
                              entry.filter ? &panel->ActiveKeys() : nullptr, panel->ParameterSort(),
                              entry.rows, entry.sortCount},
                             out);

@@ -1,6 +1,7 @@
 #include "panels/framework/generic_panel.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "panels/framework/section_layout.h"
 
@@ -30,6 +31,14 @@ std::vector<ControlSpec> ControlsFromLayout(PanelKind kind) {
     }
     specs.push_back(std::move(spec));
   }
+  // Controls stand in the order of their keys' numbers within each word, as a panel
+  // lists them.
+  auto number = [](const ControlSpec& spec) {
+    return std::atoi(spec.key.c_str() + spec.key.rfind('_') + 1);
+  };
+  std::stable_sort(specs.begin(), specs.end(), [&](const ControlSpec& a, const ControlSpec& b) {
+    return a.kind == b.kind && number(a) < number(b);
+  });
   return specs;
 }
 

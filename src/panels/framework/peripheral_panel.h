@@ -140,9 +140,10 @@ class PeripheralPanel {
   const RowTable& Rows() const { return rowTable_; }
   const std::vector<std::string>& ParameterRows() const { return parameterRows_; }
   const std::vector<std::string>& ParameterComments() const { return parameterComments_; }
-  // The generator sorts rows and comments in place, and the order stays after its run.
-  std::vector<std::string>& SortableParameterRows() { return parameterRows_; }
-  std::vector<std::string>& SortableParameterComments() { return parameterComments_; }
+  // The generator sorts the rows and comments in place by Parameter_Sort, which does
+  // no harm because every look-up goes by name.
+  std::vector<std::string>& MutableParameterRows() { return parameterRows_; }
+  std::vector<std::string>& MutableParameterComments() { return parameterComments_; }
   const std::vector<std::string>& ActiveKeys() const { return activeKeys_; }
   const std::vector<std::string>& InitialValueLinks() const { return initialValueLinks_; }
   const std::vector<std::string>& TooltipTexts() const { return tooltipTexts_; }
