@@ -23,4 +23,32 @@ int ParameterList::FindRowStartingWith(std::string_view prefix) const {
   return -1;
 }
 
+void ParameterList::SetHighlightRow(int row) {
+  highlightRow_ = row;
+  if (row >= 0 && row < RowCount()) highlightText_ = rows_[static_cast<std::size_t>(row)].parameter;
+}
+
+CellColours ParameterList::PaintCell(int row) {
+  lastDrawnRow_ = row;
+  std::string_view text;
+  if (row >= 0 && row < RowCount()) text = rows_[static_cast<std::size_t>(row)].parameter;
+  return colours_.ForRow(text, highlightText_);
+}
+
+void ParameterList::Click(int row) {
+  if (row >= 0 && row < RowCount()) {
+    highlightText_ = rows_[static_cast<std::size_t>(row)].parameter;
+  } else {
+    highlightText_.clear();
+  }
+}
+
+void ParameterList::LoseFocus() {
+  if (lastDrawnRow_ >= 0 && lastDrawnRow_ < RowCount()) {
+    highlightText_ = rows_[static_cast<std::size_t>(lastDrawnRow_)].parameter;
+  } else {
+    highlightText_.clear();
+  }
+}
+
 }  // namespace tessara

@@ -189,6 +189,9 @@ class PeripheralPanel {
   static std::string_view RowName(std::string_view row);
 
  protected:
+  // Refresh step 3: one fixed slot of ActiveKeys per control. Kinds that give a
+  // control more than one slot, or none, write the slots themselves.
+  virtual void BuildActiveKeys();
   // --- Hooks: what kinds do differently.
   virtual void OnRadioGroup(int control);
   virtual void OnCombobox(int control);
@@ -266,7 +269,6 @@ class PeripheralPanel {
   bool IsDialogValue(std::string_view value) const;
   void ShowMessage(const std::string& text) const;
   // Refresh steps.
-  void BuildActiveKeys();
   void ResolveLinks();
   void ShowRows(ParameterList* list);
   void AddExtraSettingsRows(ParameterList* list);
