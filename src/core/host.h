@@ -27,6 +27,17 @@ class Host {
   // Shows a generated file to the user; a front-end without a viewer does nothing.
   virtual void ShowInViewer(const std::string& path) = 0;
 
+  // The question of Back on the peripheral page: OK or Cancel (the default button),
+  // with the state of its "Do not show this message again." box.
+  struct ResetWarningAnswer {
+    bool ok = false;
+    bool doNotShowAgain = false;
+  };
+  virtual ResetWarningAnswer AskResetWarning(const std::string& text) {
+    (void)text;
+    return {};
+  }
+
   // File questions. An empty answer means the user cancelled; a front-end without
   // dialogs (the CLI, where the command names the file) always cancels.
   virtual std::string AskOpenFile(const std::string& title, const std::string& filter,

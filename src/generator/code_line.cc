@@ -21,10 +21,11 @@ bool IsActiveRow(const std::vector<std::string>& activeKeys, std::string_view ro
   return false;
 }
 
-void AppendParameterRows(PanelRows panel, std::string& out) {
+void AppendParameterRows(PanelRows panel, std::string& out, const StatementRule& rule) {
   std::vector<std::string>& rows = *panel.rows;
   std::vector<std::string>& comments = *panel.comments;
-  SortParameterLines(rows, comments, panel.parameterSort, panel.count);
+  SortParameterLines(rows, comments, panel.parameterSort,
+                     panel.sortCount > 0 ? panel.sortCount : panel.count);
   for (int i = 0; i < panel.count && static_cast<std::size_t>(i) < rows.size(); ++i) {
     const std::string& row = rows[static_cast<std::size_t>(i)];
     if (row.empty()) continue;
@@ -33,11 +34,13 @@ void AppendParameterRows(PanelRows panel, std::string& out) {
     for (char& c : statement) {
       if (c == ',') c = ';';
     }
-    if (panel.statementRule) statement = panel.statementRule(statement);
     const std::string empty;
     const std::string& comment =
         static_cast<std::size_t>(i) < comments.size() ? comments[static_cast<std::size_t>(i)] : empty;
+    std::string following;
+    if (rule) rule(statement, following);
     AppendCodeLine(statement, comment, out);
+    out += following;
   }
 }
 

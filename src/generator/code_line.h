@@ -25,14 +25,17 @@ struct PanelRows {
   std::vector<std::string>* comments = nullptr;  // ParameterComments, parallel
   const std::vector<std::string>* activeKeys = nullptr;  // the filter; null for none
   std::string parameterSort;
-  int count = 0;  // N, the panel's parameter slots
-  // The clock panels' statement rules, applied to a row after its "," became ";".
-  std::function<std::string(const std::string&)> statementRule;
+  int count = 0;      // N, the panel's parameter slots
+  int sortCount = 0;  // the count the sort is given; 0 means N
 };
 
+// The clock panels' statement rules: they may change the statement and add a line
+// behind it.
+using StatementRule = std::function<void(std::string& statement, std::string& out)>;
+
 // The row pipeline: sort by Parameter_Sort, skip empty and filtered rows, turn every
-// "," into ";", apply the statement rule, append one code line per row.
-void AppendParameterRows(PanelRows panel, std::string& out);
+// "," into ";", append one code line per row, and let the rule add to it.
+void AppendParameterRows(PanelRows panel, std::string& out, const StatementRule& rule = nullptr);
 
 // The popup's rows: for each of the `rowCount` lists (slot 0 unused), its cells up to
 // the first empty one or `count` cells, appended unfiltered and unsorted.

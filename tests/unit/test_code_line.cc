@@ -35,11 +35,11 @@ TEST(AppendParameterRows, SortsFiltersAndSplitsStatements) {
   std::vector<std::string> comments = {"//b", "", "//ac", "//h"};
   std::vector<std::string> keys = {"A", "b", "", ""};
   std::string out;
-  AppendParameterRows({&rows, &comments, &keys, "a;", 4, nullptr}, out);
+  AppendParameterRows({&rows, &comments, &keys, "a;", 4}, out);
   EXPECT_EQ(out, "\n\ta=1;c=3;" + std::string(33, ' ') + "//ac" + "\n\tb=2;" + std::string(37, ' ') + "//b");
   // Without a filter every non-empty row is generated.
   out.clear();
-  AppendParameterRows({&rows, &comments, nullptr, "", 4, nullptr}, out);
+  AppendParameterRows({&rows, &comments, nullptr, "", 4}, out);
   EXPECT_NE(out.find("hidden=5;"), std::string::npos);
 }
 
@@ -47,10 +47,12 @@ TEST(AppendParameterRows, TheStatementRuleSeesTheFinishedStatement) {
   std::vector<std::string> rows = {"clk=1,x=2"};
   std::vector<std::string> comments = {""};
   std::string out;
-  AppendParameterRows({&rows, &comments, nullptr, "", 1,
-                       [](const std::string& s) { return "[" + s + "]"; }},
-                      out);
-  EXPECT_EQ(out, "\n\t[clk=1;x=2];" + std::string(29, ' '));
+  AppendParameterRows({&rows, &comments, nullptr, "", 1}, out,
+                      [](std::string& s, std::string& following) {
+                        s = "[" + s + "]";
+                        following = "<next>";
+                      });
+  EXPECT_EQ(out, "\n\t[clk=1;x=2];" + std::string(29, ' ') + "<next>");
 }
 
 TEST(AppendExtraRows, StopAtTheFirstEmptyCellAndKeepCommas) {

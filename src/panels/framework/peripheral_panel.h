@@ -140,6 +140,9 @@ class PeripheralPanel {
   const RowTable& Rows() const { return rowTable_; }
   const std::vector<std::string>& ParameterRows() const { return parameterRows_; }
   const std::vector<std::string>& ParameterComments() const { return parameterComments_; }
+  // The generator sorts rows and comments in place, and the order stays after its run.
+  std::vector<std::string>& SortableParameterRows() { return parameterRows_; }
+  std::vector<std::string>& SortableParameterComments() { return parameterComments_; }
   const std::vector<std::string>& ActiveKeys() const { return activeKeys_; }
   const std::vector<std::string>& InitialValueLinks() const { return initialValueLinks_; }
   const std::vector<std::string>& TooltipTexts() const { return tooltipTexts_; }
