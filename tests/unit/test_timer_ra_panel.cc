@@ -38,20 +38,20 @@ std::vector<std::string> TimerLines(const std::string& marker = "",
       "Radiobox_8=Irq;Off;On;irq=0;irq=1;//irq off;//irq on;11",
       // Mode A: time field only; mode C: count fields only, time field off.
       "Combobox_1=Mode;A;B;C;D;E;mode=0;mode=1;mode=2;mode=3;mode=4;//a;//b;//c;//d;//e;1;11111;"
-      "0000000000001111110000;1111111111111111110000;1111111111111110111111;"
+      "0000000000001111110000;1111111111111111110000;1111111111111111101111;"
       "1111111111111111111111;1111111111111111111111;"
       "SSHHHHHHHHSSSSSSSSSS;SSSSHHHHHHSSSSSSSSSS;SSHHSSHHHHSSSSSSSSSS;"
       "SSHHHHSSHHSSSSSSSSSS;SSHHHHHHSSSSSSSSSS",
       marker == "v1.31"
           ? "Combobox_2=Source;f1;f8;fOCO;fC32;f4;f16;f32;f64;src=0;div=1;src=1;div=8;src=2;div=fOCO;"
             "src=3;div=fC32;src=4;div=4;src=5;div=16;src=6;div=32;src=7;div=64;"
-            "//f1;//f8;//fOCO;//fC32;//f4;//f16;//f32;//f64;1;;;;;;;;;;;;;11111101"
+            "//f1;//f8;//fOCO;//fC32;//f4;//f16;//f32;//f64;;11111101"
           : "Combobox_2=Source;f1;f8;fOCO;fC32;f4;src=0;div=1;src=1;div=8;src=2;div=fOCO;"
             "src=3;div=fC32;src=4;div=4;//f1;//f8;//fOCO;//fC32;//f4;1;11111",
       "Combobox_3=Start;Stop;Go;;;go=0;go=1;;;//stop;//go;;;1;11",
       "Combobox_4=Pin;P0;P1;;;pin=0;pin=1;;;//p0;//p1;;;;11",
       "Combobox_5=Clock;c1;c8;;;fck=0;fck=1;;;//c1;//c8;;;;11",
-      "ComboEditbox_1=Time;ms;pre;cnt;//valid time;1;1;1.5;12;;//invalid time;1|1.5|12|",
+      "ComboEditbox_1=Time;ms;pre;cnt;//valid time;1;1;1.5;1500;;//invalid time;1|1.5|1500|",
       "ComboEditbox_2=Counts;P:;C:;pre;cnt;//c2a;//c2b;//c3a;//c3b;//c4a;//c4b;11;SS;0;255;1;255;"
       "//bad pre;//bad cnt;0|255|;1|255|",
       "ExtraComment=Combobox_1=ma,mb,mc;Combobox_4=never;Radiobox_8,Combobox_4(1)=gated",
@@ -128,9 +128,12 @@ TEST(TimerRaTime, SourceF1At20MHzGivesLargestExactFirstFactor) {
   Bench bench(ClockAt("20000000"));
   ASSERT_TRUE(bench.panel.ChooseItem("Combobox_2", 0));  // f1: div=1
   ASSERT_TRUE(bench.panel.EditFieldText("ComboEditbox_1", 0, "1"));
-  // 1 ms at 20 MHz is 20000 counts = 250 x 80.
-  EXPECT_EQ(bench.Row("pre"), "pre=249");
-  EXPECT_EQ(bench.Row("cnt"), "cnt=79");
+  // 1 ms at 20 MHz: 5e-8 s per count is not exact in single precision, so the wanted
+  // count is 19999.99977. Its distance to 20000, kept in single precision, comes out
+  // larger than itself: every later pair with the product 20000 is strictly nearer,
+  // and the last of them, 80 x 250, wins.
+  EXPECT_EQ(bench.Row("pre"), "pre=79");
+  EXPECT_EQ(bench.Row("cnt"), "cnt=249");
   EXPECT_EQ(bench.Comment("cnt"), "//valid time");
 }
 
@@ -138,17 +141,24 @@ TEST(TimerRaTime, SourceF8DividesTheClock) {
   Bench bench(ClockAt("20000000"));
   bench.panel.ChooseItem("Combobox_2", 1);  // f8: div=8
   bench.panel.EditFieldText("ComboEditbox_1", 0, "1");
-  // 20000 / 8 = 2500 = 250 x 10.
-  EXPECT_EQ(bench.Row("pre"), "pre=249");
-  EXPECT_EQ(bench.Row("cnt"), "cnt=9");
+  // 2499.99997 counts: as at f1 the last pair of the product 2500, 10 x 250, wins.
+  EXPECT_EQ(bench.Row("pre"), "pre=9");
+  EXPECT_EQ(bench.Row("cnt"), "cnt=249");
 }
 
 TEST(TimerRaTime, TieGoesToTheLargerFirstFactor) {
-  Bench bench(ClockAt("100000"));
-  bench.panel.EditFieldText("ComboEditbox_1", 0, "1");
-  // 100 counts: 100 x 1 is found before 50 x 2, 25 x 4 ...
-  EXPECT_EQ(bench.Row("pre"), "pre=99");
+  Bench bench(ClockAt("64"));
+  bench.panel.EditFieldText("ComboEditbox_1", 0, "1500");
+  // Exactly 96 counts: 96 x 1 is found before 48 x 2, 32 x 3 ... and none is nearer.
+  EXPECT_EQ(bench.Row("pre"), "pre=95");
   EXPECT_EQ(bench.Row("cnt"), "cnt=0");
+
+  Bench nearHundred(ClockAt("100000"));
+  nearHundred.panel.EditFieldText("ComboEditbox_1", 0, "1");
+  // 100.0000025 counts: here the single-precision distance is not larger than itself,
+  // so 100 x 1 keeps its place ahead of 50 x 2.
+  EXPECT_EQ(nearHundred.Row("pre"), "pre=99");
+  EXPECT_EQ(nearHundred.Row("cnt"), "cnt=0");
 }
 
 TEST(TimerRaTime, CountsBeyondTheLargestProduct) {
@@ -158,7 +168,7 @@ TEST(TimerRaTime, CountsBeyondTheLargestProduct) {
   EXPECT_EQ(exact.Row("cnt"), "cnt=255");
 
   Bench far(ClockAt("20000000"));
-  far.panel.EditFieldText("ComboEditbox_1", 0, "12");  // 240000 counts
+  far.panel.EditFieldText("ComboEditbox_1", 0, "1500");  // 30000000 counts
   EXPECT_EQ(far.Row("pre"), "pre=255");
   EXPECT_EQ(far.Row("cnt"), "cnt=0");
 }
@@ -166,10 +176,10 @@ TEST(TimerRaTime, CountsBeyondTheLargestProduct) {
 TEST(TimerRaTime, SubClockNeedsNoClockRows) {
   Bench bench({});
   bench.panel.ChooseItem("Combobox_2", 3);  // fC32: 32 / 32768 s per count
-  bench.panel.EditFieldText("ComboEditbox_1", 0, "12");
-  // 12 ms gives 12.288 counts; 12 = 12 x 1 is nearest.
-  EXPECT_EQ(bench.Row("pre"), "pre=11");
-  EXPECT_EQ(bench.Row("cnt"), "cnt=0");
+  bench.panel.EditFieldText("ComboEditbox_1", 0, "1500");
+  // Exactly 1536 counts = 256 x 6.
+  EXPECT_EQ(bench.Row("pre"), "pre=255");
+  EXPECT_EQ(bench.Row("cnt"), "cnt=5");
 }
 
 TEST(TimerRaTime, WithoutClockRowTheDefaultClockCounts) {
@@ -189,9 +199,9 @@ TEST(TimerRaTime, OnChipWordTakesTheOscillatorClock) {
   bench.clock->MutableControl("Radiobox_1")->CheckOption(2);  // oscillator divider in use
   bench.panel.ChooseItem("Combobox_2", 2);  // fOCO
   bench.panel.EditFieldText("ComboEditbox_1", 0, "1");
-  // 5 MHz: 5000 counts = 250 x 20.
-  EXPECT_EQ(bench.Row("pre"), "pre=249");
-  EXPECT_EQ(bench.Row("cnt"), "cnt=19");
+  // 5 MHz: 4999.99994 counts; the last pair of the product 5000, 20 x 250, wins.
+  EXPECT_EQ(bench.Row("pre"), "pre=19");
+  EXPECT_EQ(bench.Row("cnt"), "cnt=249");
 }
 
 TEST(TimerRaTime, OnChipWordFallsBackWhenTheOscillatorChangesNothing) {
@@ -211,19 +221,19 @@ TEST(TimerRaTime, NumericWordDividesTheOscillatorClockButNoWordTakesClkItself) {
   Bench bench(Clock2At20MHzDividedBy4(), true);
   bench.clock->MutableControl("Radiobox_1")->CheckOption(2);
   bench.panel.EditFieldText("ComboEditbox_1", 0, "1");  // no "div" row yet: clk itself
-  EXPECT_EQ(bench.Row("pre"), "pre=249");
-  EXPECT_EQ(bench.Row("cnt"), "cnt=79");
+  EXPECT_EQ(bench.Row("pre"), "pre=79");  // 20 MHz, as with f1
+  EXPECT_EQ(bench.Row("cnt"), "cnt=249");
   bench.panel.ChooseItem("Combobox_2", 4);  // div=4 over 5 MHz; the time follows at once
-  // 1250 counts = 250 x 5.
-  EXPECT_EQ(bench.Row("pre"), "pre=249");
-  EXPECT_EQ(bench.Row("cnt"), "cnt=4");
+  // 1249.99999 counts; the last pair of the product 1250, 5 x 250, wins.
+  EXPECT_EQ(bench.Row("pre"), "pre=4");
+  EXPECT_EQ(bench.Row("cnt"), "cnt=249");
 }
 
 TEST(TimerRaTime, BadTimesGiveNullWithTheInvalidComment) {
   Bench bench(ClockAt("20000000"));
-  for (const char* text : {"2", "1.5.2", "1x", "12x", "-1", "1 5"}) {
+  for (const char* text : {"2", "1.5.2", "1x", "1500x", "-1", "1 5"}) {
     bench.panel.EditFieldText("ComboEditbox_1", 0, "1");
-    ASSERT_EQ(bench.Row("pre"), "pre=249");
+    ASSERT_EQ(bench.Row("pre"), "pre=79");
     bench.panel.EditFieldText("ComboEditbox_1", 0, text);
     EXPECT_EQ(bench.Row("pre"), "pre=NULL") << text;
     EXPECT_EQ(bench.Row("cnt"), "cnt=NULL") << text;
@@ -236,7 +246,7 @@ TEST(TimerRaTime, BadTimesGiveNullWithTheInvalidComment) {
 TEST(TimerRaTime, BlanksLengthAndTheEmptyAcceptedCell) {
   Bench bench(ClockAt("20000000"));
   bench.panel.EditFieldText("ComboEditbox_1", 0, "  1  ");
-  EXPECT_EQ(bench.Row("cnt"), "cnt=79");
+  EXPECT_EQ(bench.Row("cnt"), "cnt=249");
   // An empty fourth cell accepts the empty text, as the time 0: both factors 1.
   bench.panel.EditFieldText("ComboEditbox_1", 0, "");
   EXPECT_EQ(bench.Row("pre"), "pre=0");
@@ -245,16 +255,15 @@ TEST(TimerRaTime, BlanksLengthAndTheEmptyAcceptedCell) {
   bench.panel.EditFieldText("ComboEditbox_1", 0, "0000000000000001.50");
   EXPECT_EQ(bench.Row("pre"), "pre=249");
   EXPECT_EQ(bench.Row("cnt"), "cnt=119");
-  bench.panel.EditFieldText("ComboEditbox_1", 0, "00000000000000001.50x");
-  bench.panel.EditFieldText("ComboEditbox_1", 0, "0000000000000000000x");
-  EXPECT_EQ(bench.Row("cnt"), "cnt=NULL");
   bench.panel.EditFieldText("ComboEditbox_1", 0, "00000000000000000001");
+  EXPECT_EQ(bench.Row("cnt"), "cnt=119");
+  bench.panel.EditFieldText("ComboEditbox_1", 0, "000000000000000001x");
   EXPECT_EQ(bench.Row("cnt"), "cnt=NULL");
 }
 
 TEST(TimerRaTime, PickingAValueListItemComputesIt) {
   Bench bench(ClockAt("20000000"));
-  EXPECT_EQ(bench.Part("ComboEditbox_1").items, (std::vector<std::string>{"1", "1.5", "12"}));
+  EXPECT_EQ(bench.Part("ComboEditbox_1").items, (std::vector<std::string>{"1", "1.5", "1500"}));
   ASSERT_TRUE(bench.panel.ChooseItem("ComboEditbox_1", 1));
   EXPECT_EQ(bench.Part("ComboEditbox_1").text, "1.5");
   EXPECT_EQ(bench.Row("cnt"), "cnt=119");
@@ -311,13 +320,13 @@ TEST(TimerRaCounts, MarkersInTheOrderBelowAboveMalformed) {
 
 TEST(TimerRaMasks, StartHidesTheSharedGroupsAndTheOptionsCell11Names) {
   Bench bench(ClockAt("20000000"), false,
-              TimerLines("", "SSSSHSSHSHSSSSSSSSSS"));
+              TimerLines("", "SSSSHSSHHSSSSSSSSSSS"));
   const Control& level = *bench.panel.FindControl("Radiobox_3");
   EXPECT_TRUE(level.frame.visible);
   for (const char* key : {"Radiobox_4", "Radiobox_5", "Radiobox_6"}) {
     EXPECT_FALSE(bench.panel.FindControl(key)->frame.visible) << key;
   }
-  // Places 5 to 10 of "SSSSHSSHSHSS...": Edge first, Width second, Period first.
+  // Places 5 to 10 of "SSSSHSSHHS...": Edge first, Width second, Period first.
   EXPECT_FALSE(bench.Part("Radiobox_4", 0).visible);
   EXPECT_TRUE(bench.Part("Radiobox_4", 1).visible);
   EXPECT_TRUE(bench.Part("Radiobox_5", 0).visible);
@@ -337,11 +346,11 @@ TEST(TimerRaMasks, UsingThePeripheralRunsTheModeAndItsMasks) {
   EXPECT_FALSE(bench.Part("Combobox_4").enabled);
   EXPECT_EQ(bench.Row("mode"), "mode=0");
   // The re-run computed the time from the field's first item.
-  EXPECT_EQ(bench.Row("pre"), "pre=249");
-  EXPECT_EQ(bench.Row("cnt"), "cnt=79");
+  EXPECT_EQ(bench.Row("pre"), "pre=79");
+  EXPECT_EQ(bench.Row("cnt"), "cnt=249");
   std::vector<std::string> shown;
   for (const auto& row : bench.list.Rows()) shown.push_back(row.parameter);
-  EXPECT_EQ(shown, (std::vector<std::string>{"irq=0", "pre=249", "cnt=79", "mode=0", "src=0",
+  EXPECT_EQ(shown, (std::vector<std::string>{"irq=0", "pre=79", "cnt=249", "mode=0", "src=0",
                                              "go=0"}));
 
   // Stopping disables everything; rows stay but are no longer shown.
@@ -349,7 +358,7 @@ TEST(TimerRaMasks, UsingThePeripheralRunsTheModeAndItsMasks) {
   EXPECT_EQ(bench.panel.CurrentChoice(), 0);
   EXPECT_FALSE(bench.Part("ComboEditbox_1").enabled);
   EXPECT_EQ(bench.list.RowCount(), 0);
-  EXPECT_EQ(bench.Row("pre"), "pre=249");
+  EXPECT_EQ(bench.Row("pre"), "pre=79");
 }
 
 TEST(TimerRaMasks, ModeWithoutTimeLeavesAMarkerThatBlocksNothing) {
@@ -465,7 +474,7 @@ TEST(TimerRaLayout, LongLayoutHasEightSourcesAndItsOwnCells) {
 TEST(TimerRaState, SaveLineAndReplayAgainstANewClock) {
   Bench bench(ClockAt("20000000"));
   bench.panel.ChooseOption("Radiobox_1", 1);
-  bench.panel.ChooseItem("Combobox_1", 1);  // B: everything on
+  bench.panel.ChooseItem("Combobox_1", 3);  // D: everything on
   bench.panel.ChooseOption("Radiobox_8", 1);
   bench.panel.ChooseItem("Combobox_2", 1);
   bench.panel.ChooseItem("ComboEditbox_1", 1);
@@ -473,13 +482,13 @@ TEST(TimerRaState, SaveLineAndReplayAgainstANewClock) {
   bench.panel.EditFieldText("ComboEditbox_2", 1, "99");
   std::string text;
   bench.panel.SaveState(text);
-  EXPECT_EQ(text, "1 0 0 1 1 0 1 0 1 0 1 0 1 0 0 1 1 1 0 1 15 99 0 0  \n");
+  EXPECT_EQ(text, "0 1 1 0 1 0 1 0 1 0 1 0 1 0 0 1 3 1 0 1 15 99 0 0  \n");
 
   // Replayed on a clock of 10 MHz, the time is computed anew; the counts are set and
   // checked last, so they stand in the rows they share with the time.
   Bench replay(ClockAt("10000000"));
   replay.panel.LoadState("Clock2:1 \nTimerRA:" + text);
-  EXPECT_EQ(replay.Part("Combobox_1").selection, 1);
+  EXPECT_EQ(replay.Part("Combobox_1").selection, 3);
   EXPECT_TRUE(replay.Part("Radiobox_8", 1).checked);
   EXPECT_EQ(replay.Part("ComboEditbox_1").text, "1.5");
   EXPECT_EQ(replay.Part("ComboEditbox_2", 1).text, "99");
