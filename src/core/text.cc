@@ -151,17 +151,27 @@ void ReadSectionFromChunks(const std::vector<std::string>& chunks, const std::st
   }
 }
 
-int ReadSectionText(Host& host, const std::string& section, std::string& out,
-                    const std::string& path) {
+namespace {
+
+// Reads a data file: a missing one ends the program, one that cannot be opened is told.
+bool ReadDataFile(Host& host, const std::string& path, std::string& content) {
   if (!FileExists(path)) {
     host.MessageBox(FormatC(kMissingFileFormat, path.c_str()));
     host.Exit(1);
   }
-  std::string content;
   if (!ReadWholeFile(path, content)) {
     host.MessageBox(FormatC(kErrorOpeningFormat, path.c_str()));
-    return 1;
+    return false;
   }
+  return true;
+}
+
+}  // namespace
+
+int ReadSectionText(Host& host, const std::string& section, std::string& out,
+                    const std::string& path) {
+  std::string content;
+  if (!ReadDataFile(host, path, content)) return 1;
   ReadSectionFromChunks(ReadTextChunks(content), section, out);
   return 0;
 }
@@ -177,15 +187,8 @@ std::uint16_t TextChecksum(const std::string& fileContent) {
 }
 
 std::uint16_t FileChecksum(Host& host, const std::string& path) {
-  if (!FileExists(path)) {
-    host.MessageBox(FormatC(kMissingFileFormat, path.c_str()));
-    host.Exit(1);
-  }
   std::string content;
-  if (!ReadWholeFile(path, content)) {
-    host.MessageBox(FormatC(kErrorOpeningFormat, path.c_str()));
-    return 1;
-  }
+  if (!ReadDataFile(host, path, content)) return 1;
   return TextChecksum(content);
 }
 
@@ -357,6 +360,28 @@ bool ReadWholeFile(const std::string& path, std::string& content) {
   buffer << in.rdbuf();
   content = buffer.str();
   return true;
+}
+
+bool WriteTextFileReplacing(const std::string& path, const std::string& text) {
+  std::string onDisk;
+  onDisk.reserve(text.size() + text.size() / 16);
+  for (char c : text) {
+    if (c == '\n') onDisk.push_back('\r');
+    onDisk.push_back(c);
+  }
+  const std::string temporary = path + ".tessara~";
+  bool written = false;
+  {
+    std::ofstream out(temporary, std::ios::binary | std::ios::trunc);
+    if (out) {
+      out.write(onDisk.data(), static_cast<std::streamsize>(onDisk.size()));
+      out.flush();
+      written = static_cast<bool>(out);
+    }
+  }
+  if (written && std::rename(temporary.c_str(), path.c_str()) == 0) return true;
+  std::remove(temporary.c_str());
+  return false;
 }
 
 }  // namespace tessara

@@ -79,6 +79,11 @@ bool FolderWritable(const std::string& path);
 // Reads a whole file as bytes; false when it cannot be opened or is not a regular file.
 bool ReadWholeFile(const std::string& path, std::string& content);
 
+// Writes a text file the way text mode does (each "\n" as CR LF), into a file beside
+// the target that is then renamed over it, so that a failure never leaves a truncated
+// file where a good one stood. False when the target could not be written.
+bool WriteTextFileReplacing(const std::string& path, const std::string& text);
+
 }  // namespace tessara
 
 #endif  // TESSARA_CORE_TEXT_H_
