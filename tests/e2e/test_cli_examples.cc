@@ -155,6 +155,20 @@ TEST_F(CliExamplesTest, EveryProjectLoadsAndSavesToTheSameBytesAndGeneratesAlike
   }
 }
 
+// 10 ms of f8 at 20 MHz are 25000 counts: 250 x 100, so the prescaler and counter
+// registers hold 249 and 99.
+TEST_F(CliExamplesTest, TheTimerRaExamplePrintsItsRows) {
+  CliResult result = RunCli({"--home", home.path(), "run", ExamplePath("timer_ra_qtl4c.txt")});
+  ASSERT_EQ(result.status, 0) << result.err;
+  EXPECT_EQ(result.out,
+            "traic=0x01\t//Timer RA interrupt enabled, level 1\n"
+            "trapre=249\t//Prescaler and counter for the interval\n"
+            "tra=99\t//Prescaler and counter for the interval\n"
+            "tramr.tmod=0x00\t//Timer mode\n"
+            "tramr.tck=0x02\t//Count source f8\n"
+            "tracr.tstart=1\t//Count started at once\n");
+}
+
 // The whole C source of the QTL/4C example: the file head with its own name, the clock
 // text behind the protect marker, the Timer RA block behind init's brace with its rows in
 // the data's sort order and the comments in column 41, the interrupt function at the end.
