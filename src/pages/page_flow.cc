@@ -13,6 +13,7 @@ PageFlow::PageFlow(Application& application)
     : application_(application), selection_(application), peripherals_(application) {
   selection_.runPeripheralPage = [this] { OpenPeripheralPage(); };
   selection_.loadFile = [this](const std::string& path) { LoadFile(path); };
+  peripherals_.SetClockValues(&clocks_);
 }
 
 void PageFlow::Start() { selection_.Initialise(); }

@@ -414,6 +414,8 @@ void PeripheralPanel::HandleOptionGroup(int control) {
 void PeripheralPanel::ApplyMaskAndRerun(int control, std::string_view mask) {
   const std::vector<MaskTarget>& targets = MaskTargetsOf(control);
   ApplyEnableMask(mask, targets, controls_, behaviour_.maskVariant);
+  if (!behaviour_.maskRerunsDependents) return;
+  if (mask.empty() && behaviour_.emptyMaskSkipsRerun) return;
   RerunDependents(targets);
 }
 
@@ -462,7 +464,7 @@ void PeripheralPanel::WriteOptionRow(int choice, int control) {
   const std::string& cell = row.Cell((fourOptions ? 5 : 3) + choice);
   const std::string& comment = row.Cell((fourOptions ? 9 : 5) + choice);
   std::string name(RowName(cell));
-  WriteParameterRow(cell, comment);
+  if (!cell.empty() || !behaviour_.emptyOptionCellWritesNothing) WriteParameterRow(cell, comment);
   RefreshParameters(name);
 }
 
@@ -490,6 +492,11 @@ std::string PeripheralPanel::ApplyComboItem(int control, const PanelRow& row, in
   // and n + 2j, its comment at 3n + j.
   int n = SpecOf(control).itemCount;
   if (n <= 0 || cell <= 0) return std::string();
+  if (SpecOf(control).oneRowPerItem) {
+    const std::string& itemRow = row.Cell(cell + n);
+    if (!itemRow.empty()) WriteParameterRow(itemRow, row.Cell(cell + 2 * n));
+    return std::string(RowName(itemRow));
+  }
   const std::string& comment = row.Cell(3 * n + cell);
   std::string firstName(RowName(row.Cell((n - 1) + 2 * cell)));
   for (int rowCell : {(n - 1) + 2 * cell, n + 2 * cell}) {
@@ -687,11 +694,16 @@ void PeripheralPanel::SaveState(std::string& text) const {
   for (const SavedValue& value : SavedValues()) {
     const Control& control = controls_.at(static_cast<std::size_t>(value.control));
     const ControlModel& part = control.parts.at(static_cast<std::size_t>(
-        value.form == SavedForm::kOptions ? 0 : value.part));
+        value.form == SavedForm::kOptions || value.form == SavedForm::kAllOptions ? 0
+                                                                                  : value.part));
     switch (value.form) {
       case SavedForm::kOptions:
         text += FormatC("%d %d ", part.checked ? 1 : 0,
                         control.parts.size() > 1 && control.parts[1].checked ? 1 : 0);
+        break;
+      case SavedForm::kBox: text += FormatC("%d ", part.checked ? 1 : 0); break;
+      case SavedForm::kAllOptions:
+        for (const ControlModel& option : control.parts) text += FormatC("%d ", option.checked ? 1 : 0);
         break;
       case SavedForm::kIndex: text += FormatC("%d ", part.selection); break;
       case SavedForm::kText: text += part.text + " "; break;
@@ -719,7 +731,8 @@ void PeripheralPanel::LoadState(const std::string& projectText) {
     const int c = value.control;
     Control& control = controls_.at(static_cast<std::size_t>(c));
     ControlModel& part = control.parts.at(static_cast<std::size_t>(
-        value.form == SavedForm::kOptions ? 0 : value.part));
+        value.form == SavedForm::kOptions || value.form == SavedForm::kAllOptions ? 0
+                                                                                  : value.part));
     switch (value.form) {
       case SavedForm::kOptions: {
         part.checked = NextInteger(rest) != 0;
@@ -741,6 +754,14 @@ void PeripheralPanel::LoadState(const std::string& projectText) {
       case SavedForm::kText:
         part.SetText(ReadNextToken(rest));
         OnComboEditbox(c, value.part, part.text);
+        break;
+      case SavedForm::kBox:
+        part.checked = NextInteger(rest) != 0;
+        OnCheckbox(c, value.part);
+        break;
+      case SavedForm::kAllOptions:
+        for (ControlModel& option : control.parts) option.checked = NextInteger(rest) != 0;
+        RunHandler(c);
         break;
     }
   }

@@ -34,6 +34,9 @@ struct ControlSpec {
   int enableDigitsCell = -1;
   FieldClass fieldClass = FieldClass::kNone;  // ComboEditbox fields
   int itemCount = 0;  // Combobox: items of the usual row layout, for its item cells
+  // Combobox: item j has one row at cell j + itemCount and its comment at
+  // j + 2 x itemCount, instead of the usual two rows.
+  bool oneRowPerItem = false;
 };
 
 // Mask places for both options of each named group, in order.
@@ -46,6 +49,12 @@ struct PanelBehaviour {
   bool checkedOptionMustBeEnabled = false;
   bool refreshGuard = false;  // RefreshParameters waits while a mask re-runs handlers
   MaskVariant maskVariant = MaskVariant::kStandard;
+  // After a mask the dependent handlers run again.
+  bool maskRerunsDependents = true;
+  // An empty mask re-runs no dependent handler.
+  bool emptyMaskSkipsRerun = false;
+  // WriteOptionRow leaves the rows alone when the option's cell is empty.
+  bool emptyOptionCellWritesNothing = false;
 };
 
 // One tooltip text and the control it goes to; part -1 is all parts of the control.
@@ -73,13 +82,15 @@ struct ErrorFieldName {
 
 // One value of a panel's save line. A RadioGroup gives the check states of its first
 // two options; a list index is a Combobox's selection or that of a ComboEditbox field;
-// a field text is written as it stands, followed by a blank.
-enum class SavedForm { kOptions, kIndex, kText };
+// a field text is written as it stands, followed by a blank; a box is the check state of
+// box `part` of a Checkbox block; all options are the check states of every option of a
+// group with more than two.
+enum class SavedForm { kOptions, kIndex, kText, kBox, kAllOptions };
 
 struct SavedValue {
   int control = 0;
   SavedForm form = SavedForm::kOptions;
-  int part = 0;  // the field of a ComboEditbox
+  int part = 0;  // the field of a ComboEditbox, the box of a Checkbox block
 };
 
 // A Combobox whose items follow an option: its own item texts and the last mask
