@@ -75,6 +75,7 @@ PanelBehaviour Adc4Behaviour() {
   PanelBehaviour behaviour;
   behaviour.groupOneWritesRow = true;
   behaviour.refreshGuard = true;
+  behaviour.listGivesFirstText = true;
   behaviour.emptyOptionCellWritesNothing = true;
   return behaviour;
 }

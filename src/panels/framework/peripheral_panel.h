@@ -53,6 +53,8 @@ struct PanelBehaviour {
   bool maskRerunsDependents = true;
   // An empty mask re-runs no dependent handler.
   bool emptyMaskSkipsRerun = false;
+  // An ExtraComment item of a Combobox gives its first text while the box is enabled.
+  bool listGivesFirstText = false;
   // WriteOptionRow leaves the rows alone when the option's cell is empty.
   bool emptyOptionCellWritesNothing = false;
 };

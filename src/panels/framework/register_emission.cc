@@ -64,7 +64,7 @@ bool GateHolds(std::string_view gate, const std::vector<Control>& controls, cons
 
 std::string EvaluateItem(std::string_view left, std::string_view right,
                          const std::vector<Control>& controls, const RowTable& rows,
-                         int cellsPerRow) {
+                         int cellsPerRow, bool listGivesFirstText) {
   std::string_view key = left;
   std::string_view gate;
   std::size_t comma = left.find(',');
@@ -82,6 +82,7 @@ std::string EvaluateItem(std::string_view left, std::string_view right,
         break;
       case ControlKind::kCombobox:
         if (control->parts[0].enabled) {
+          if (listGivesFirstText) return std::string(TextNumber(texts, 1));
           chosen = TextNumber(texts, SelectedCell(*control, rows, cellsPerRow));
         }
         break;
@@ -98,7 +99,7 @@ std::string EvaluateItem(std::string_view left, std::string_view right,
 }  // namespace
 
 std::string EmitRegisterCode(std::string_view extraComment, const std::vector<Control>& controls,
-                             const RowTable& rows, int cellsPerRow) {
+                             const RowTable& rows, int cellsPerRow, bool listGivesFirstText) {
   std::string out;
   if (extraComment.empty()) return out;
   std::string_view work = extraComment.substr(0, kExtraCommentLength);
@@ -108,7 +109,7 @@ std::string EmitRegisterCode(std::string_view extraComment, const std::vector<Co
     std::size_t equals = text.find('=');
     if (equals != std::string_view::npos) {
       std::string t = EvaluateItem(text.substr(0, equals), text.substr(equals + 1), controls,
-                                   rows, cellsPerRow);
+                                   rows, cellsPerRow, listGivesFirstText);
       if (!t.empty()) {
         out = "\t" + out + "\n\t" + t;
         out.erase(0, out.find_first_not_of(" \t\n\r\v\f"));
@@ -137,7 +138,8 @@ void PeripheralPanel::EmitRegisterCode(std::string& out) const {
   for (const Control& control : controls_) {
     if (IsEmissionKey(control)) keys.push_back(control);
   }
-  out = tessara::EmitRegisterCode(extraComment_, keys, rowTable_, Traits().cellsPerRow);
+  out = tessara::EmitRegisterCode(extraComment_, keys, rowTable_, Traits().cellsPerRow,
+                                  behaviour_.listGivesFirstText);
 }
 
 void PeripheralPanel::EmitExtraCode(std::string& out) const {

@@ -18,9 +18,11 @@ inline constexpr int kExtraCommentTexts = 20;
 
 // The lines that an ExtraComment selects in the present state of `controls`, joined by
 // line feed and tab; empty for an empty ExtraComment. `rows` gives the cell of a
-// Combobox's selected item.
+// Combobox's selected item. With `listGivesFirstText` an enabled Combobox gives its
+// first text whatever item is selected, and its gate does not count.
 std::string EmitRegisterCode(std::string_view extraComment, const std::vector<Control>& controls,
-                             const RowTable& rows, int cellsPerRow);
+                             const RowTable& rows, int cellsPerRow,
+                             bool listGivesFirstText = false);
 
 // The texts of an ExtraParameter that a "," closes, each followed by line feed and tab.
 std::string EmitExtraCode(std::string_view extraParameter);
