@@ -52,6 +52,19 @@ CliResult RunCli(const std::vector<std::string>& arguments, const std::string& i
   return result;
 }
 
+bool HostCompilerPresent() { return std::system("command -v gcc >/dev/null 2>&1") == 0; }
+
+std::string CompileErrors(const std::string& folder, const std::string& file) {
+  std::string log = folder + ".log";
+  std::string command = "LC_ALL=C gcc -std=c99 -fsyntax-only -Wall -Werror -Wno-unknown-pragmas -I" +
+                        Quote(folder) + " " + Quote(folder + "/" + file) + " >" + Quote(log) + " 2>&1";
+  int status = std::system(command.c_str());
+  std::string messages = Slurp(log);
+  std::filesystem::remove(log);
+  if (status != 0 && messages.empty()) messages = "gcc failed with status " + std::to_string(status);
+  return status == 0 ? "" : messages;
+}
+
 std::string CopySampleHome(const std::string& folder) {
   namespace fs = std::filesystem;
   fs::copy(fs::path(TESSARA_SOURCE_DIR) / "data", folder,
