@@ -45,8 +45,6 @@ std::vector<ControlSpec> Adc3Controls() {
 PanelBehaviour Adc3Behaviour() {
   PanelBehaviour behaviour;
   behaviour.groupOneWritesRow = true;
-  // The switch's mask only sets the controls; the list is rebuilt once behind it.
-  behaviour.maskRerunsDependents = false;
   behaviour.emptyOptionCellWritesNothing = true;
   return behaviour;
 }
@@ -61,6 +59,11 @@ std::string ADC3Panel::ConversionComment(const std::string& speedRow, const std:
   double microseconds = cycles / systemClockHz * 1000000;
   if (microseconds < kShortestConversionUs) return comment + std::string(kTooFastWarning);
   return comment + ", Conversion Times = " + FormatC("%.1f", microseconds) + "us";
+}
+
+void ADC3Panel::ApplyGroupOneMask(int control, std::string_view mask) {
+  // The switch only sets the controls; the list is rebuilt once behind it.
+  ApplyEnableMask(mask, MaskTargetsOf(control), controls_);
 }
 
 void ADC3Panel::OnRadioGroup(int control) {

@@ -19,6 +19,7 @@ class ADC3Panel : public PeripheralPanel {
 
  protected:
   void OnRadioGroup(int control) override;
+  void ApplyGroupOneMask(int control, std::string_view mask) override;
 };
 
 }  // namespace tessara

@@ -128,33 +128,19 @@ void ADC4Panel::RunGuarded(const std::vector<int>& controls) {
 }
 
 void ADC4Panel::OnRadioGroup(int control) {
-  if (control == kSwitch) {
-    SwitchChanged();
-  } else if (control == kPairFirst || control == kPairSecond) {
+  if (control == kPairFirst || control == kPairSecond) {
     PairChanged(control);
   } else {
-    HandleOptionGroup(control);
+    PeripheralPanel::OnRadioGroup(control);
   }
 }
 
-void ADC4Panel::SwitchChanged() {
-  Control& group = controls_[kSwitch];
-  int choice = group.parts[0].checked ? 0 : group.parts[1].checked ? 1 : -1;
-  if (Context() != nullptr && Context()->popup != nullptr && Context()->hasExtraSettings &&
-      choice >= 0) {
-    Context()->popup->SetPopupMode(choice);
-  }
-  if (choice < 0) {
-    RefreshParameters("");
-    return;
-  }
-  currentChoice_ = choice;
-  const PanelRow& row = rowTable_.Row(rowTable_.FindRowByCaption(group.Caption(), 1));
-  ApplyPlacedMask(row.Cell(8 + choice), SwitchMaskPlaces(), controls_);
+void ADC4Panel::ApplyGroupOneMask(int, std::string_view mask) {
+  ApplyPlacedMask(mask, SwitchMaskPlaces(), controls_);
+  // Every handler runs behind the switch: groups, lists, boxes.
   std::vector<int> all;
-  for (int c = 1; c < static_cast<int>(controls_.size()); ++c) all.push_back(c);
+  for (int c = kSwitch + 1; c < static_cast<int>(controls_.size()); ++c) all.push_back(c);
   RunGuarded(all);
-  WriteOptionRow(choice, kSwitch);
 }
 
 void ADC4Panel::PairChanged(int control) {

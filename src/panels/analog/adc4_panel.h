@@ -23,13 +23,13 @@ class ADC4Panel : public PeripheralPanel {
  protected:
   void BuildActiveKeys() override;
   void OnRadioGroup(int control) override;
+  void ApplyGroupOneMask(int control, std::string_view mask) override;
   void OnCombobox(int control) override;
   void OnCheckbox(int control, int box) override;
   bool IsEmissionKey(const Control& control) const override;
   std::vector<SavedValue> SavedValues() const override;
 
  private:
-  void SwitchChanged();
   void PairChanged(int control);
   void WriteSecondPairRow();
   void WriteBox(int control, int box);

@@ -382,7 +382,7 @@ void PeripheralPanel::HandleGroupOne(int control) {
   }
   if (choice >= 0) {
     currentChoice_ = choice;
-    ApplyMaskAndRerun(control, row.Cell(8 + choice));
+    ApplyGroupOneMask(control, row.Cell(8 + choice));
     if (behaviour_.groupOneWritesRow) {
       WriteOptionRow(choice, control);
       return;
@@ -414,7 +414,6 @@ void PeripheralPanel::HandleOptionGroup(int control) {
 void PeripheralPanel::ApplyMaskAndRerun(int control, std::string_view mask) {
   const std::vector<MaskTarget>& targets = MaskTargetsOf(control);
   ApplyEnableMask(mask, targets, controls_, behaviour_.maskVariant);
-  if (!behaviour_.maskRerunsDependents) return;
   if (mask.empty() && behaviour_.emptyMaskSkipsRerun) return;
   RerunDependents(targets);
 }

@@ -49,8 +49,6 @@ struct PanelBehaviour {
   bool checkedOptionMustBeEnabled = false;
   bool refreshGuard = false;  // RefreshParameters waits while a mask re-runs handlers
   MaskVariant maskVariant = MaskVariant::kStandard;
-  // After a mask the dependent handlers run again.
-  bool maskRerunsDependents = true;
   // An empty mask re-runs no dependent handler.
   bool emptyMaskSkipsRerun = false;
   // An ExtraComment item of a Combobox gives its first text while the box is enabled.
@@ -249,6 +247,12 @@ class PeripheralPanel {
   virtual std::vector<ErrorFieldName> ErrorFieldNames() const { return {}; }
   // Whether error row r of a table names the parameter `name`.
   virtual bool ErrorRowMatches(const ErrorTable& table, int r, std::string_view name) const;
+
+  // Applies the mask of RadioGroup 1's checked option and re-runs what it steers; kinds
+  // whose switch mask is not one place per target supply their own.
+  virtual void ApplyGroupOneMask(int control, std::string_view mask) {
+    ApplyMaskAndRerun(control, mask);
+  }
 
   // --- Building blocks of handlers.
   void HandleGroupOne(int control);
