@@ -141,8 +141,11 @@ std::string_view AsCString(const std::string& chunk) {
 
 void ReadSectionFromChunks(const std::vector<std::string>& chunks, const std::string& section,
                            std::string& out) {
+  // The name is a C string too: a NUL that a data file put into a configuration name
+  // ends it.
+  std::string_view name = AsCString(section);
   std::size_t i = 0;
-  while (i < chunks.size() && AsCString(chunks[i]).find(section) == std::string_view::npos) ++i;
+  while (i < chunks.size() && AsCString(chunks[i]).find(name) == std::string_view::npos) ++i;
   if (i == chunks.size()) return;
   for (++i; i < chunks.size(); ++i) {
     std::string_view chunk = AsCString(chunks[i]);

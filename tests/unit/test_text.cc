@@ -185,6 +185,12 @@ TEST_F(SectionTextTest, AnyMentionOfTheNameStartsTheSection) {
   EXPECT_EQ(Section("port", "[Port]\na=1\n"), "");
 }
 
+TEST_F(SectionTextTest, ANulEndsTheSectionName) {
+  // A configuration name read from a data file may hold a NUL; the search, like every
+  // C string, sees only what stands before it.
+  EXPECT_EQ(Section(std::string("Port\0 junk", 10) + "_G", "[Port]\na=1\n[B]\n"), "a=1\n");
+}
+
 TEST_F(SectionTextTest, AnOverLongLineArrivesAsTwoChunks) {
   std::string line = std::string(kChunkSize, 'a') + "[tail\n";
   EXPECT_EQ(Section("S", "[S]\n" + line + "more=1\n"), std::string(kChunkSize, 'a'));
