@@ -22,5 +22,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   } else {
     FUZZ_CHECK(value == "<none>");
   }
+  // The text read once and looked up by section gives the same answers, also for a
+  // second key of the same section and a key of the section behind it.
+  IniText ini(text);
+  bool foundAgain = false;
+  FUZZ_CHECK(ini.Read(section, key, "<none>", bufferSize, &foundAgain) == value);
+  FUZZ_CHECK(foundAgain == found);
+  std::string otherKey = key + "1";
+  FUZZ_CHECK(ini.Read(section, otherKey, "") == ReadProfileStringFromText(text, section, otherKey, ""));
+  FUZZ_CHECK(ini.Read(key, section, "") == ReadProfileStringFromText(text, key, section, ""));
   return 0;
 }

@@ -1,9 +1,12 @@
 #ifndef TESSARA_FUZZ_REFERENCE_SECTION_H_
 #define TESSARA_FUZZ_REFERENCE_SECTION_H_
 
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <string>
+
+#include "core/text.h"
 
 namespace tessara {
 
@@ -41,6 +44,19 @@ inline void ReferenceSectionText(const std::string& path, const std::string& sec
   while (!found && nextChunk()) found = std::strstr(buffer, name) != nullptr;
   while (found && nextChunk() && buffer[0] != '[') out.append(buffer);
   std::fclose(file);
+}
+
+// The sum of a text file, chunk by chunk as ReadTextChunks cuts it, each chunk up to its
+// first NUL.
+inline std::uint16_t ReferenceChecksum(const std::string& content) {
+  std::uint32_t total = 0;
+  for (const std::string& chunk : ReadTextChunks(content)) {
+    for (char c : chunk) {
+      if (c == '\0') break;
+      total += static_cast<std::uint32_t>(static_cast<std::int32_t>(static_cast<signed char>(c)));
+    }
+  }
+  return static_cast<std::uint16_t>(total & 0xFFFFu);
 }
 
 }  // namespace tessara

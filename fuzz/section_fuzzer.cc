@@ -3,6 +3,7 @@
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <memory>
+#include <vector>
 
 #include "core/text.h"
 #include "database/device_database.h"
@@ -13,7 +14,11 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tessara;
   FuzzedDataProvider input(data, size);
-  std::string section = input.ConsumeRandomLengthString(48);
+  // A group and a few configurations, whose sections are looked for one by one and all
+  // at once, as a group load does.
+  std::string group = input.ConsumeRandomLengthString(24);
+  std::vector<std::string> sections(input.ConsumeIntegralInRange<std::size_t>(1, 4));
+  for (std::string& section : sections) section = input.ConsumeRandomLengthString(16) + "_" + group;
   int slot = input.ConsumeIntegralInRange<int>(1, kMaxDataFiles + 2);
   int k = input.ConsumeIntegralInRange<int>(0, kMaxConfigurations + 2);
   std::string fileText = input.ConsumeRemainingBytesAsString();
@@ -21,14 +26,26 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::string path = ScratchFolder().Write("IO Files/fuzz.ini", fileText);
   RecordingHost host;
   std::string text = "kept";
-  FUZZ_CHECK(ReadSectionText(host, section, text, path) == 0);
+  FUZZ_CHECK(ReadSectionText(host, sections[0], text, path) == 0);
   FUZZ_CHECK(host.messages.empty());
   std::string expected = "kept";
-  ReferenceSectionText(path, section, expected);
+  ReferenceSectionText(path, sections[0], expected);
   FUZZ_CHECK(text == expected);
+  FUZZ_CHECK(TextChecksum(fileText) == ReferenceChecksum(fileText));
 
+  const ChunkedText chunked(fileText);
+  std::vector<std::string> texts = chunked.ReadSections(sections);
+  FUZZ_CHECK(texts.size() == sections.size());
+  for (std::size_t i = 0; i < sections.size(); ++i) {
+    std::string reference;
+    ReferenceSectionText(path, sections[i], reference);
+    FUZZ_CHECK(texts[i] == reference);
+    std::string one = "kept";
+    chunked.ReadSection(sections[i], one);
+    FUZZ_CHECK(one == "kept" + reference);
+  }
   std::string fromChunks;
-  ReadSectionFromChunks(ReadTextChunks(fileText), section, fromChunks);
+  ReadSectionFromChunks(ReadTextChunks(fileText), sections[0], fromChunks);
   FUZZ_CHECK("kept" + fromChunks == text);
 
   auto entry = std::make_unique<DatabaseEntry>();

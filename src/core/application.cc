@@ -28,17 +28,26 @@ int Application::DataFileCount() const {
 
 int Application::VerifyDataFiles(VerifyMode mode) {
   const std::string iniPath = ProgramIniPath();
+  // The ini is read once. Writing mode changes it between its reads, so there every key
+  // is read from the file as it stands at that moment.
+  std::string iniText;
+  const bool iniReadable = ReadWholeFile(iniPath, iniText);
+  IniText ini(std::move(iniText));
   const bool writing =
       mode == VerifyMode::kWrite ||
       (mode == VerifyMode::kFromIni &&
-       EqualsNoCase(ReadProfileString("Database_File", "Debug", "", iniPath), "create_checksum"));
+       EqualsNoCase(iniReadable ? ini.Read("Database_File", "Debug", "") : "", "create_checksum"));
+  auto read = [&](const std::string& key, std::size_t bufferSize) {
+    if (writing) return ReadProfileString("Database_File", key, "", iniPath, bufferSize);
+    return iniReadable ? ini.Read("Database_File", key, "", bufferSize) : std::string();
+  };
   int slot = 1;
   for (; slot <= kMaxDataFiles; ++slot) {
     const std::string key = "File" + std::to_string(slot);
-    std::string name = ReadProfileString("Database_File", key, "", iniPath, kDataFileNameBuffer);
+    std::string name = read(key, kDataFileNameBuffer);
     if (name.empty()) break;
     DataFileName[static_cast<std::size_t>(slot)] = name;
-    std::uint32_t expected = ChecksumFromIni(ReadProfileString("Database_File", key + "_Checksum", "", iniPath));
+    std::uint32_t expected = ChecksumFromIni(read(key + "_Checksum", kProfileBufferSize));
 
     LocatedFile located = LocateDataFile(name);
     if (located.path.empty()) {

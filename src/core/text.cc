@@ -2,6 +2,7 @@
 
 #include <clocale>
 #include <algorithm>
+#include <functional>
 #include <cerrno>
 #include <cmath>
 #include <cstdarg>
@@ -154,14 +155,139 @@ void ReadSectionFromChunks(const std::vector<std::string>& chunks, const std::st
   }
 }
 
+ChunkedText::ChunkedText(std::string_view fileContent) {
+  text_.reserve(fileContent.size());
+  // Drop the CR of every CR LF, copying the runs between them whole.
+  for (std::size_t start = 0; start < fileContent.size();) {
+    std::size_t cr = fileContent.find("\r\n", start);
+    if (cr == std::string_view::npos) cr = fileContent.size();
+    text_.append(fileContent.substr(start, cr - start));
+    start = cr + 1;  // the LF behind a dropped CR starts the next run
+  }
+  const bool hasNul = text_.find('\0') != std::string::npos;
+  for (std::size_t start = 0; start < text_.size();) {
+    std::size_t end = text_.find('\n', start);
+    end = end == std::string::npos ? text_.size() : end + 1;
+    end = std::min(end, start + kChunkSize);
+    starts_.push_back(start);
+    std::size_t visibleEnd = end;
+    if (hasNul) {
+      std::size_t nul = text_.find('\0', start);
+      if (nul < end) visibleEnd = nul;
+    }
+    visibleEnds_.push_back(visibleEnd);
+    start = end;
+  }
+}
+
+std::size_t ChunkedText::ChunkOf(std::size_t position) const {
+  return static_cast<std::size_t>(std::upper_bound(starts_.begin(), starts_.end(), position) - starts_.begin()) - 1;
+}
+
+bool ChunkedText::WithinOneChunk(std::size_t position, std::size_t length) const {
+  return position + length <= visibleEnds_[ChunkOf(position)];
+}
+
+std::size_t ChunkedText::FirstChunkWith(std::string_view name) const {
+  if (name.empty()) return 0;
+  const std::boyer_moore_horspool_searcher searcher(name.begin(), name.end());
+  for (auto from = text_.begin();;) {
+    auto match = std::search(from, text_.end(), searcher);
+    if (match == text_.end()) return ChunkCount();
+    std::size_t position = static_cast<std::size_t>(match - text_.begin());
+    if (WithinOneChunk(position, name.size())) return ChunkOf(position);
+    from = match + 1;
+  }
+}
+
+std::vector<std::size_t> ChunkedText::FirstChunksWith(const std::vector<std::string_view>& names) const {
+  std::vector<std::size_t> first(names.size(), ChunkCount());
+  if (names.empty()) return first;
+  // The names of one group's sections all end in "_" and the group's name. One pass over
+  // the places of that common ending finds every name: a name can only stand where its
+  // ending does, and the places come in file order, so the first fit of a name is in its
+  // first chunk. A short common ending would stand everywhere: then each name is looked
+  // for on its own.
+  std::size_t common = names[0].size();
+  for (std::string_view name : names) {
+    std::size_t same = 0;
+    while (same < common && same < name.size() &&
+           name[name.size() - 1 - same] == names[0][names[0].size() - 1 - same]) {
+      ++same;
+    }
+    common = same;
+  }
+  constexpr std::size_t kShortestUsefulEnding = 4;
+  if (common < kShortestUsefulEnding) {
+    for (std::size_t i = 0; i < names.size(); ++i) first[i] = FirstChunkWith(names[i]);
+    return first;
+  }
+  std::string_view ending = names[0].substr(names[0].size() - common);
+  const std::boyer_moore_horspool_searcher searcher(ending.begin(), ending.end());
+  std::size_t missing = names.size();
+  for (auto from = text_.begin(); missing > 0;) {
+    auto match = std::search(from, text_.end(), searcher);
+    if (match == text_.end()) break;
+    const std::size_t end = static_cast<std::size_t>(match - text_.begin()) + common;
+    const std::size_t chunk = ChunkOf(end - 1);
+    if (end <= visibleEnds_[chunk]) {
+      for (std::size_t i = 0; i < names.size(); ++i) {
+        const std::string_view name = names[i];
+        if (first[i] != ChunkCount() || name.size() > end - starts_[chunk]) continue;
+        if (std::string_view(text_).substr(end - name.size(), name.size()) == name) {
+          first[i] = chunk;
+          --missing;
+        }
+      }
+    }
+    from = match + 1;
+  }
+  return first;
+}
+
+void ChunkedText::AppendSectionBehind(std::size_t chunk, std::string& out) const {
+  std::size_t last = chunk + 1;
+  while (last < ChunkCount() && !(visibleEnds_[last] > starts_[last] && text_[starts_[last]] == '[')) ++last;
+  // Chunks lie end to end unless a NUL hid a chunk's tail: append each run of them whole.
+  std::size_t runStart = 0;
+  std::size_t runEnd = 0;
+  for (std::size_t i = chunk + 1; i < last; ++i) {
+    if (starts_[i] != runEnd) {
+      out.append(text_, runStart, runEnd - runStart);
+      runStart = starts_[i];
+    }
+    runEnd = visibleEnds_[i];
+  }
+  out.append(text_, runStart, runEnd - runStart);
+}
+
+void ChunkedText::ReadSection(const std::string& section, std::string& out) const {
+  std::size_t chunk = FirstChunkWith(AsCString(section));
+  if (chunk < ChunkCount()) AppendSectionBehind(chunk, out);
+}
+
+std::vector<std::string> ChunkedText::ReadSections(const std::vector<std::string>& sections) const {
+  std::vector<std::string_view> names;
+  names.reserve(sections.size());
+  for (const std::string& section : sections) names.push_back(AsCString(section));
+  std::vector<std::size_t> first = FirstChunksWith(names);
+  std::vector<std::string> texts(sections.size());
+  for (std::size_t i = 0; i < sections.size(); ++i) {
+    if (first[i] < ChunkCount()) AppendSectionBehind(first[i], texts[i]);
+  }
+  return texts;
+}
+
 int ReadSectionText(Host& host, const std::string& section, std::string& out,
                     const std::string& path) {
-  if (!FileExists(path)) {
-    host.MessageBox(FormatC(kMissingFileFormat, path.c_str()));
-    host.Exit(1);
-  }
   std::string content;
   if (!ReadWholeFile(path, content)) {
+    // Only a file that could not be read is looked at again, to tell a missing file
+    // (which ends the program) from one that cannot be opened.
+    if (!FileExists(path)) {
+      host.MessageBox(FormatC(kMissingFileFormat, path.c_str()));
+      host.Exit(1);
+    }
     host.MessageBox(FormatC(kErrorOpeningFormat, path.c_str()));
     return 1;
   }
@@ -169,23 +295,74 @@ int ReadSectionText(Host& host, const std::string& section, std::string& out,
   return 0;
 }
 
-std::uint16_t TextChecksum(const std::string& fileContent) {
+namespace {
+
+// The sum of a text without a NUL: every byte as a signed number, less the CR of each
+// CR LF. Bytes are summed in blocks of 64 narrow lanes that cannot overflow within a
+// block, a shape the compiler turns into vector code; a start-up sums every data file.
+std::uint32_t PlainTextSum(const std::string& content) {
+  const signed char* bytes = reinterpret_cast<const signed char*>(content.data());
+  const std::size_t size = content.size();
+  constexpr std::size_t kLanes = 64;
+  constexpr std::size_t kRounds = 255;  // 255 * 128 fits a 16-bit lane, 255 pairs a byte
   std::uint32_t total = 0;
-  for (const std::string& chunk : ReadTextChunks(fileContent)) {
-    for (char c : AsCString(chunk)) {
-      total += static_cast<std::uint32_t>(static_cast<std::int32_t>(static_cast<signed char>(c)));
+  std::uint32_t crlf = 0;
+  std::size_t i = 0;
+  while (size - i > kLanes) {
+    // Each round looks one byte ahead for the LF of a pair, so a block stops short of
+    // the text's last byte.
+    const std::size_t rounds = std::min(kRounds, (size - i - 1) / kLanes);
+    std::int16_t lanes[kLanes] = {};
+    std::uint8_t pairs[kLanes] = {};
+    for (std::size_t round = 0; round < rounds; ++round, i += kLanes) {
+      for (std::size_t lane = 0; lane < kLanes; ++lane) {
+        lanes[lane] = static_cast<std::int16_t>(lanes[lane] + bytes[i + lane]);
+        pairs[lane] = static_cast<std::uint8_t>(pairs[lane] + ((bytes[i + lane] == '\r') & (bytes[i + lane + 1] == '\n')));
+      }
+    }
+    for (std::size_t lane = 0; lane < kLanes; ++lane) {
+      total += static_cast<std::uint32_t>(static_cast<std::int32_t>(lanes[lane]));
+      crlf += pairs[lane];
+    }
+  }
+  for (; i < size; ++i) {
+    total += static_cast<std::uint32_t>(static_cast<std::int32_t>(bytes[i]));
+    crlf += (bytes[i] == '\r') & (i + 1 < size && bytes[i + 1] == '\n');
+  }
+  return total - crlf * static_cast<std::uint32_t>('\r');
+}
+
+}  // namespace
+
+std::uint16_t TextChecksum(const std::string& fileContent) {
+  const std::size_t size = fileContent.size();
+  const char* bytes = fileContent.data();
+  std::uint32_t total = 0;
+  if (fileContent.find('\0') == std::string::npos) return static_cast<std::uint16_t>(PlainTextSum(fileContent) & 0xFFFFu);
+  // A NUL hides the rest of its chunk: walk the chunks as ReadTextChunks cuts them.
+  std::size_t chunkLength = 0;
+  bool hidden = false;
+  for (std::size_t i = 0; i < size; ++i) {
+    char c = bytes[i];
+    if (c == '\r' && i + 1 < size && bytes[i + 1] == '\n') continue;
+    ++chunkLength;
+    if (c == '\0') hidden = true;
+    if (!hidden) total += static_cast<std::uint32_t>(static_cast<std::int32_t>(static_cast<signed char>(c)));
+    if (c == '\n' || chunkLength == kChunkSize) {
+      chunkLength = 0;
+      hidden = false;
     }
   }
   return static_cast<std::uint16_t>(total & 0xFFFFu);
 }
 
 std::uint16_t FileChecksum(Host& host, const std::string& path) {
-  if (!FileExists(path)) {
-    host.MessageBox(FormatC(kMissingFileFormat, path.c_str()));
-    host.Exit(1);
-  }
   std::string content;
   if (!ReadWholeFile(path, content)) {
+    if (!FileExists(path)) {
+      host.MessageBox(FormatC(kMissingFileFormat, path.c_str()));
+      host.Exit(1);
+    }
     host.MessageBox(FormatC(kErrorOpeningFormat, path.c_str()));
     return 1;
   }
@@ -352,14 +529,25 @@ bool FolderWritable(const std::string& path) {
 }
 
 bool ReadWholeFile(const std::string& path, std::string& content) {
+  // A path that is not a regular file (a folder, a pipe) is refused before it is opened,
+  // so that nothing blocks on it.
   struct stat info;
   if (stat(path.c_str(), &info) != 0 || !S_ISREG(info.st_mode)) return false;
-  std::ifstream in(path, std::ios::binary);
-  if (!in) return false;
-  std::ostringstream buffer;
-  buffer << in.rdbuf();
-  content = buffer.str();
-  return true;
+  std::FILE* file = std::fopen(path.c_str(), "rb");
+  if (file == nullptr) return false;
+  // One read of the size the file has now, and more if it grew meanwhile.
+  content.resize(static_cast<std::size_t>(info.st_size));
+  std::size_t length = std::fread(content.data(), 1, content.size(), file);
+  content.resize(length);
+  char more[4096];
+  while (length == static_cast<std::size_t>(info.st_size) && !std::feof(file)) {
+    std::size_t got = std::fread(more, 1, sizeof more, file);
+    if (got == 0) break;
+    content.append(more, got);
+  }
+  bool failed = std::ferror(file) != 0;
+  std::fclose(file);
+  return !failed;
 }
 
 }  // namespace tessara

@@ -48,6 +48,33 @@ int ReadSectionText(Host& host, const std::string& section, std::string& out,
 void ReadSectionFromChunks(const std::vector<std::string>& chunks, const std::string& section,
                            std::string& out);
 
+// A text file cut into those chunks once, for finding many sections in it: a group load
+// looks for every configuration's section in the same file. The results are those of
+// ReadSectionFromChunks over ReadTextChunks of the same content.
+class ChunkedText {
+ public:
+  explicit ChunkedText(std::string_view fileContent);
+
+  // Appends the section `section` to `out`.
+  void ReadSection(const std::string& section, std::string& out) const;
+  // The texts of many sections at once, in the order of the names.
+  std::vector<std::string> ReadSections(const std::vector<std::string>& sections) const;
+
+ private:
+  std::size_t ChunkCount() const { return starts_.size(); }
+  std::size_t ChunkOf(std::size_t position) const;
+  // Whether [position, position + length) lies in the visible text of one chunk.
+  bool WithinOneChunk(std::size_t position, std::size_t length) const;
+  // The first chunk whose visible text holds `name`, or ChunkCount().
+  std::size_t FirstChunkWith(std::string_view name) const;
+  std::vector<std::size_t> FirstChunksWith(const std::vector<std::string_view>& names) const;
+  void AppendSectionBehind(std::size_t chunk, std::string& out) const;
+
+  std::string text_;                     // the content with the CR of each CR LF dropped
+  std::vector<std::size_t> starts_;      // chunk i begins at starts_[i] of text_
+  std::vector<std::size_t> visibleEnds_; // and is seen up to its first NUL
+};
+
 // The 16-bit sum of a text file: every character as a signed 8-bit number, CR of a
 // CR LF not counted. Ends the process through the host when the file does not exist;
 // returns 1 when it exists but cannot be opened.
