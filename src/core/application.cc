@@ -41,6 +41,7 @@ int Application::VerifyDataFiles(VerifyMode mode) {
     if (writing) return ReadProfileString("Database_File", key, "", iniPath, bufferSize);
     return iniReadable ? ini.Read("Database_File", key, "", bufferSize) : std::string();
   };
+  std::string content;  // one buffer for every file's text
   int slot = 1;
   for (; slot <= kMaxDataFiles; ++slot) {
     const std::string key = "File" + std::to_string(slot);
@@ -49,12 +50,20 @@ int Application::VerifyDataFiles(VerifyMode mode) {
     DataFileName[static_cast<std::size_t>(slot)] = name;
     std::uint32_t expected = ChecksumFromIni(read(key + "_Checksum", kProfileBufferSize));
 
-    LocatedFile located = LocateDataFile(name);
-    if (located.path.empty()) {
-      host_.MessageBox(DataFileMissingText(name));
-      host_.Exit(1);
+    // A file that reads in "IO Files" is the one the look would find there, and its sum
+    // is that of its text; any other case looks and sums as a fresh start would.
+    LocatedFile located = DataFileInIoFolder(name);
+    std::uint16_t sum = 0;
+    if (ReadWholeFile(located.path, content)) {
+      sum = TextChecksum(content);
+    } else {
+      located = LocateDataFile(name);
+      if (located.path.empty()) {
+        host_.MessageBox(DataFileMissingText(name));
+        host_.Exit(1);
+      }
+      sum = FileChecksum(host_, located.path);
     }
-    std::uint16_t sum = FileChecksum(host_, located.path);
     DataFileChecksum[static_cast<std::size_t>(slot)] = sum;
 
     if (writing) {

@@ -82,6 +82,16 @@ std::string ReadProfileStringFromText(const std::string& fileText, const std::st
 
 namespace {
 
+// FNV-1a over the lower-case bytes, so that names equal without regard to case hash alike.
+std::uint64_t NoCaseHash(std::string_view text) {
+  std::uint64_t hash = 14695981039346656037ull;
+  for (char c : text) {
+    hash ^= static_cast<unsigned char>(ToLowerAscii(c));
+    hash *= 1099511628211ull;
+  }
+  return hash;
+}
+
 // The line at `position` of `text`, moving `position` behind its line feed.
 bool NextLine(const std::string& text, std::size_t& position, std::string_view& line) {
   if (position >= text.size()) return false;
@@ -112,6 +122,7 @@ void IniText::ScanNextSection() {
     if (SectionHeader(line, next)) {
       position_ = lineStart;
       headerPending_ = true;
+      section.closed = true;
       break;
     }
     std::string_view key, value;
@@ -120,8 +131,8 @@ void IniText::ScanNextSection() {
   sections_.push_back(std::move(section));
 }
 
-const IniText::Section* IniText::Find(std::string_view name) {
-  for (const Section& section : sections_) {
+IniText::Section* IniText::Find(std::string_view name) {
+  for (Section& section : sections_) {
     if (EqualsNoCase(section.name, name)) return &section;
   }
   while (headerPending_ || position_ < text_.size()) {
@@ -133,14 +144,26 @@ const IniText::Section* IniText::Find(std::string_view name) {
   return nullptr;
 }
 
+bool IniText::HoldsWholeSection(const std::string& section) {
+  const Section* match = Find(Trim(section));
+  return match != nullptr && match->closed;
+}
+
 std::string IniText::Read(const std::string& section, const std::string& key,
                           const std::string& fallback, std::size_t bufferSize, bool* found) {
   if (found != nullptr) *found = false;
-  const Section* match = Find(Trim(section));
+  Section* match = Find(Trim(section));
   if (match == nullptr) return fallback;
+  // Keys are told apart by a hash first: a data file's numbered keys are read one after
+  // the other, and each read walks the keys ahead of its own.
+  if (!match->hashed) {
+    for (Entry& entry : match->entries) entry.keyHash = NoCaseHash(entry.key);
+    match->hashed = true;
+  }
   std::string_view wanted = Trim(key);
+  const std::uint64_t wantedHash = NoCaseHash(wanted);
   for (const Entry& entry : match->entries) {
-    if (EqualsNoCase(entry.key, wanted)) {
+    if (entry.keyHash == wantedHash && EqualsNoCase(entry.key, wanted)) {
       if (found != nullptr) *found = true;
       std::size_t limit = bufferSize == 0 ? 0 : bufferSize - 1;
       return std::string(entry.value.substr(0, limit));

@@ -2,6 +2,7 @@
 #define TESSARA_CORE_INI_H_
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,18 +40,24 @@ class IniText {
   std::string Read(const std::string& section, const std::string& key, const std::string& fallback,
                    std::size_t bufferSize = kProfileBufferSize, bool* found = nullptr);
   const std::string& text() const { return text_; }
+  // Whether the text holds all of the first section of that name: a header line follows
+  // it. Read from a file's start only, such a section reads as in the whole file.
+  bool HoldsWholeSection(const std::string& section);
 
  private:
   struct Entry {
     std::string_view key;    // trimmed
     std::string_view value;  // trimmed
+    std::uint64_t keyHash = 0;  // of the key without regard to case, once looked up
   };
   struct Section {
     std::string_view name;   // trimmed
     std::vector<Entry> entries;
+    bool closed = false;  // by a following header
+    bool hashed = false;  // the entries' keyHash are set
   };
+  Section* Find(std::string_view name);
   // The first section of that name, scanning on from where the last search stopped.
-  const Section* Find(std::string_view name);
   // Reads the header at position_ and the key lines behind it, up to the next header.
   void ScanNextSection();
 

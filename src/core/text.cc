@@ -8,9 +8,8 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 #include <locale.h>
-#include <sstream>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -37,8 +36,6 @@ const char* const kErrorOpeningFormat = "Error opening file: \"%s\"";
 
 }  // namespace
 
-char ToLowerAscii(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
-char ToUpperAscii(char c) { return (c >= 'a' && c <= 'z') ? static_cast<char>(c - 'a' + 'A') : c; }
 
 std::string ToUpperAscii(std::string_view text) {
   std::string result(text);
@@ -157,26 +154,25 @@ void ReadSectionFromChunks(const std::vector<std::string>& chunks, const std::st
 
 ChunkedText::ChunkedText(std::string_view fileContent) {
   text_.reserve(fileContent.size());
-  // Drop the CR of every CR LF, copying the runs between them whole.
+  const bool hasNul = fileContent.find('\0') != std::string_view::npos;
+  // Line by line: the CR of a CR LF is dropped, and a line longer than a chunk is cut
+  // into chunks of the chunk size, its line feed going with the last of them.
   for (std::size_t start = 0; start < fileContent.size();) {
-    std::size_t cr = fileContent.find("\r\n", start);
-    if (cr == std::string_view::npos) cr = fileContent.size();
-    text_.append(fileContent.substr(start, cr - start));
-    start = cr + 1;  // the LF behind a dropped CR starts the next run
-  }
-  const bool hasNul = text_.find('\0') != std::string::npos;
-  for (std::size_t start = 0; start < text_.size();) {
-    std::size_t end = text_.find('\n', start);
-    end = end == std::string::npos ? text_.size() : end + 1;
-    end = std::min(end, start + kChunkSize);
-    starts_.push_back(start);
-    std::size_t visibleEnd = end;
-    if (hasNul) {
-      std::size_t nul = text_.find('\0', start);
-      if (nul < end) visibleEnd = nul;
+    std::size_t feed = fileContent.find('\n', start);
+    const bool fed = feed != std::string_view::npos;
+    std::size_t end = fed ? feed : fileContent.size();
+    std::size_t contentEnd = (fed && end > start && fileContent[end - 1] == '\r') ? end - 1 : end;
+    const std::size_t lineBegin = text_.size();
+    text_.append(fileContent.substr(start, contentEnd - start));
+    if (fed) text_.push_back('\n');
+    for (std::size_t chunk = lineBegin; chunk < text_.size(); chunk += kChunkSize) {
+      const std::size_t chunkEnd = std::min(chunk + kChunkSize, text_.size());
+      std::size_t visibleEnd = chunkEnd;
+      if (hasNul) visibleEnd = std::min(chunkEnd, text_.find('\0', chunk));
+      starts_.push_back(chunk);
+      visibleEnds_.push_back(visibleEnd);
     }
-    visibleEnds_.push_back(visibleEnd);
-    start = end;
+    start = end + 1;
   }
 }
 
@@ -300,7 +296,11 @@ namespace {
 // The sum of a text without a NUL: every byte as a signed number, less the CR of each
 // CR LF. Bytes are summed in blocks of 64 narrow lanes that cannot overflow within a
 // block, a shape the compiler turns into vector code; a start-up sums every data file.
-std::uint32_t PlainTextSum(const std::string& content) {
+#if defined(__x86_64__) && (defined(__GNUC__) || defined(__clang__))
+// Wider vectors where the processor has them, chosen once when the program loads.
+__attribute__((target_clones("avx2", "default")))
+#endif
+std::uint32_t PlainTextSum(std::string_view content) {
   const signed char* bytes = reinterpret_cast<const signed char*>(content.data());
   const std::size_t size = content.size();
   constexpr std::size_t kLanes = 64;
@@ -334,11 +334,11 @@ std::uint32_t PlainTextSum(const std::string& content) {
 
 }  // namespace
 
-std::uint16_t TextChecksum(const std::string& fileContent) {
+std::uint16_t TextChecksum(std::string_view fileContent) {
   const std::size_t size = fileContent.size();
   const char* bytes = fileContent.data();
   std::uint32_t total = 0;
-  if (fileContent.find('\0') == std::string::npos) return static_cast<std::uint16_t>(PlainTextSum(fileContent) & 0xFFFFu);
+  if (fileContent.find('\0') == std::string_view::npos) return static_cast<std::uint16_t>(PlainTextSum(fileContent) & 0xFFFFu);
   // A NUL hides the rest of its chunk: walk the chunks as ReadTextChunks cuts them.
   std::size_t chunkLength = 0;
   bool hidden = false;
@@ -528,26 +528,72 @@ bool FolderWritable(const std::string& path) {
   return true;
 }
 
-bool ReadWholeFile(const std::string& path, std::string& content) {
-  // A path that is not a regular file (a folder, a pipe) is refused before it is opened,
-  // so that nothing blocks on it.
+namespace {
+
+// Opens a regular file for reading with plain system calls, a data file being read
+// several times at every start. A path that is not a regular file (a folder, a pipe) is
+// refused without blocking on it. Returns -1 on failure, else the descriptor and size.
+int OpenRegularFile(const std::string& path, std::size_t& size) {
+  int fd = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  if (fd < 0) return -1;
   struct stat info;
-  if (stat(path.c_str(), &info) != 0 || !S_ISREG(info.st_mode)) return false;
-  std::FILE* file = std::fopen(path.c_str(), "rb");
-  if (file == nullptr) return false;
-  // One read of the size the file has now, and more if it grew meanwhile.
-  content.resize(static_cast<std::size_t>(info.st_size));
-  std::size_t length = std::fread(content.data(), 1, content.size(), file);
-  content.resize(length);
-  char more[4096];
-  while (length == static_cast<std::size_t>(info.st_size) && !std::feof(file)) {
-    std::size_t got = std::fread(more, 1, sizeof more, file);
-    if (got == 0) break;
-    content.append(more, got);
+  if (fstat(fd, &info) != 0 || !S_ISREG(info.st_mode)) {
+    ::close(fd);
+    return -1;
   }
-  bool failed = std::ferror(file) != 0;
-  std::fclose(file);
-  return !failed;
+  size = static_cast<std::size_t>(info.st_size);
+  return fd;
+}
+
+// Reads into content[from, to) until that is full or the file ends, and leaves `content`
+// as long as what it holds; false on a read error.
+bool ReadInto(int fd, std::string& content, std::size_t from, std::size_t to) {
+  content.resize(to);
+  std::size_t length = from;
+  while (length < to) {
+    ssize_t got = ::read(fd, content.data() + length, to - length);
+    if (got < 0 && errno == EINTR) continue;
+    if (got <= 0) {
+      content.resize(length);
+      return got == 0;
+    }
+    length += static_cast<std::size_t>(got);
+  }
+  return true;
+}
+
+}  // namespace
+
+bool ReadWholeFile(const std::string& path, std::string& content) {
+  std::size_t size = 0;
+  int fd = OpenRegularFile(path, size);
+  if (fd < 0) return false;
+  // The size the file has now, then on to its end, in case it grew meanwhile; the look
+  // for more goes into a small buffer of its own, so that `content` keeps its size.
+  bool read = ReadInto(fd, content, 0, size);
+  while (read && content.size() == size) {
+    char more[4096];
+    ssize_t got = ::read(fd, more, sizeof more);
+    if (got < 0 && errno == EINTR) continue;
+    if (got <= 0) {
+      read = got == 0;
+      break;
+    }
+    content.append(more, static_cast<std::size_t>(got));
+    size = content.size();
+  }
+  ::close(fd);
+  return read;
+}
+
+bool ReadFileStart(const std::string& path, std::size_t limit, std::string& content, bool& whole) {
+  std::size_t size = 0;
+  int fd = OpenRegularFile(path, size);
+  if (fd < 0) return false;
+  bool read = ReadInto(fd, content, 0, std::min(size, limit));
+  ::close(fd);
+  whole = size <= limit;
+  return read;
 }
 
 }  // namespace tessara

@@ -12,8 +12,8 @@ class Host;
 
 // Case-insensitive comparisons of ASCII names: data keys, tags, captions. Bytes
 // outside ASCII compare as they stand, whatever the user's locale.
-char ToLowerAscii(char c);
-char ToUpperAscii(char c);
+inline char ToLowerAscii(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
+inline char ToUpperAscii(char c) { return (c >= 'a' && c <= 'z') ? static_cast<char>(c - 'a' + 'A') : c; }
 std::string ToUpperAscii(std::string_view text);
 bool EqualsNoCase(std::string_view a, std::string_view b);
 bool StartsWithNoCase(std::string_view text, std::string_view prefix);
@@ -79,7 +79,7 @@ class ChunkedText {
 // CR LF not counted. Ends the process through the host when the file does not exist;
 // returns 1 when it exists but cannot be opened.
 std::uint16_t FileChecksum(Host& host, const std::string& path);
-std::uint16_t TextChecksum(const std::string& fileContent);
+std::uint16_t TextChecksum(std::string_view fileContent);
 
 // C strtoul as a 32-bit unsigned long: base 0, 2 to 36; a value past 32 bits gives
 // 0xFFFFFFFF, a leading minus negates modulo 2^32.
@@ -105,6 +105,9 @@ bool FileExists(const std::string& path);
 bool FolderWritable(const std::string& path);
 // Reads a whole file as bytes; false when it cannot be opened or is not a regular file.
 bool ReadWholeFile(const std::string& path, std::string& content);
+// Reads at most `limit` bytes from the start of a file; `whole` tells whether that was
+// all of it. False as for ReadWholeFile.
+bool ReadFileStart(const std::string& path, std::size_t limit, std::string& content, bool& whole);
 
 }  // namespace tessara
 

@@ -1,6 +1,7 @@
 #include "database/device_database.h"
 
 #include <algorithm>
+#include <memory>
 
 #include "core/host.h"
 #include "core/ini.h"
@@ -11,6 +12,8 @@ namespace tessara {
 namespace {
 
 const char* const kIoFolder = "IO Files";
+// How much of a data file's start the catalogue reads first.
+constexpr std::size_t kCatalogueReadAhead = 16 * 1024;
 
 // Reads keys prefix1, prefix2, ... of a section until the first absent (or empty) one.
 template <std::size_t N>
@@ -32,13 +35,19 @@ const std::string* DatabaseEntry::SectionLine(int k, int place) const {
   return &lines[static_cast<std::size_t>(place - 1)];
 }
 
+LocatedFile DataFileInIoFolder(const std::string& name) {
+  LocatedFile located;
+  located.path = JoinPath(JoinPath(ModuleFolder(), kIoFolder), name);
+  located.relativeForm = std::string(1, kPathSeparator) + kIoFolder + kPathSeparator + name;
+  return located;
+}
+
 LocatedFile LocateDataFile(const std::string& name) {
   LocatedFile located;
-  std::string inIoFolder = JoinPath(JoinPath(ModuleFolder(), kIoFolder), name);
+  LocatedFile inIoFolder = DataFileInIoFolder(name);
   std::string beside = JoinPath(ModuleFolder(), name);
-  if (FileExists(inIoFolder)) {
-    located.path = inIoFolder;
-    located.relativeForm = std::string(1, kPathSeparator) + kIoFolder + kPathSeparator + name;
+  if (FileExists(inIoFolder.path)) {
+    located = inIoFolder;
   } else if (FileExists(beside)) {
     located.path = beside;
     located.relativeForm = std::string(1, kPathSeparator) + name;
@@ -58,14 +67,29 @@ int LoadCatalogue(Host& host, DeviceDatabase& database, const std::vector<std::s
   for (; slot <= kMaxDataFiles; ++slot) {
     if (static_cast<std::size_t>(slot) >= fileNames.size() || fileNames[static_cast<std::size_t>(slot)].empty()) break;
     const std::string& name = fileNames[static_cast<std::size_t>(slot)];
-    LocatedFile located = LocateDataFile(name);
+    // The Database section leads a data file: the catalogue reads the file's start, and
+    // all of it only when the section does not end there. A file that reads in "IO Files"
+    // is the one a look would find there; any other case takes the look first.
+    LocatedFile located = DataFileInIoFolder(name);
     std::string fileText;
-    if (located.path.empty() || !ReadWholeFile(located.path, fileText)) {
-      host.MessageBox(DataFileMissingText(name));
-      host.Exit(1);
+    bool whole = false;
+    if (!ReadFileStart(located.path, kCatalogueReadAhead, fileText, whole)) {
+      located = LocateDataFile(name);
+      if (located.path.empty() || !ReadFileStart(located.path, kCatalogueReadAhead, fileText, whole)) {
+        host.MessageBox(DataFileMissingText(name));
+        host.Exit(1);
+      }
     }
+    auto start = std::make_unique<IniText>(std::move(fileText));
+    if (!whole && !start->HoldsWholeSection("Database")) {
+      if (!ReadWholeFile(located.path, fileText)) {
+        host.MessageBox(DataFileMissingText(name));
+        host.Exit(1);
+      }
+      start = std::make_unique<IniText>(std::move(fileText));
+    }
+    IniText& file = *start;
     DatabaseEntry& entry = database.Entry(slot);
-    IniText file(std::move(fileText));
     entry.Series = file.Read("Database", "Series", "");
     entry.Group = file.Read("Database", "Group", "");
     ReadNumberedKeys(file, "Database", "Part_No_", kMaxParts, entry.Part);
