@@ -36,9 +36,10 @@ std::size_t ReadFilesOnce(const std::vector<std::string>& paths);
 // The mean time of ReadFilesOnce over enough runs to be steady.
 double FloorSeconds(const std::vector<std::string>& paths);
 
-// Reports the floor beside a benchmark's own time: "floor_ms" and "x_floor", the mean
-// time of the measured work divided by the floor.
-void ReportAgainstFloor(benchmark::State& state, double measuredSeconds, double floorSeconds);
+// Reports the floor beside a benchmark's own time: "floor_ms", "x_floor" (the mean time
+// of the measured work divided by the floor) and "target_x", the multiple it must stay in.
+void ReportAgainstFloor(benchmark::State& state, double measuredSeconds, double floorSeconds,
+                        double targetMultiple);
 
 }  // namespace tessara
 

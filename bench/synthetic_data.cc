@@ -43,6 +43,12 @@ void Line(std::string& text, const std::string& line) {
   text += "\r\n";
 }
 
+void Header(std::string& text, const std::string& name) {
+  text += '[';
+  text += name;
+  text += "]\r\n";
+}
+
 std::string ConfigurationName(int k) {
   if (k == 1) return "Clock";
   const Kind& kind = kKinds[static_cast<std::size_t>(k) % std::size(kKinds)];
@@ -77,7 +83,7 @@ std::string SyntheticDataFile(int index, const SyntheticShape& shape) {
   std::string text;
   Line(text, FormatC("// Synthetic chip data, group %d of a benchmark set.", index));
   Line(text, "");
-  Line(text, "[Database]");
+  Header(text, "Database");
   Line(text, "Series=SYN");
   Line(text, "Group=" + group);
   for (int j = 1; j <= 32; ++j) {
@@ -86,17 +92,17 @@ std::string SyntheticDataFile(int index, const SyntheticShape& shape) {
   }
   for (int j = 1; j <= 8; ++j) Line(text, FormatC("Color_%d=Colour_%d=%d,%d,%d", j, j, j * 30, 255 - j * 30, 0));
   Line(text, "");
-  Line(text, "[Configuration_" + group + "]");
+  Header(text, "Configuration_" + group);
   for (int k = 1; k <= shape.configurations; ++k) Line(text, FormatC("Configuration_%d=", k) + ConfigurationName(k));
   Line(text, "");
-  Line(text, "[ResourceID_" + group + "]");
+  Header(text, "ResourceID_" + group);
   for (int k = 1; k <= shape.configurations; ++k) {
     const char* tag = k == 1 ? "IID_DIALOG_CLOCK" : kKinds[static_cast<std::size_t>(k) % std::size(kKinds)].tag;
     Line(text, FormatC("ResourceID_%d=%s", k, tag));
   }
   for (int k = 1; k <= shape.configurations; ++k) {
     Line(text, "");
-    Line(text, "[" + ConfigurationName(k) + "_" + group + "]");
+    Header(text, ConfigurationName(k) + "_" + group);
     Line(text, "// Panel data: controls, their masks and the register rows they write.");
     const char* dialog = k == 1 ? "Clock" : kKinds[static_cast<std::size_t>(k) % std::size(kKinds)].dialog;
     Line(text, std::string("Dialog=") + dialog);
@@ -109,7 +115,7 @@ std::string SyntheticDataFile(int index, const SyntheticShape& shape) {
   }
   // Templates fill the file up to its size, as the generator's texts do in real files.
   Line(text, "");
-  Line(text, "[Default_" + group + "]");
+  Header(text, "Default_" + group);
   for (int n = 0; text.size() < shape.fileBytes; ++n) {
     Line(text, FormatC("    /* step %d */ REG%03d = 0x%02X;    /* written by the generated start-up code */",
                        n, n % 1000, n & 0xFF));
