@@ -1,5 +1,7 @@
 #include "script.h"
 
+#include "core/text.h"
+
 namespace tessara {
 
 bool IsIgnoredScriptLine(const std::string& line) {
@@ -37,6 +39,32 @@ bool SplitScriptLine(const std::string& line, std::vector<std::string>& words, s
   }
   if (inWord) words.push_back(word);
   return true;
+}
+
+int ParseScriptNumber(const std::string& argument) {
+  if (argument.empty() || argument.size() > 9 ||
+      argument.find_first_not_of("0123456789") != std::string::npos) {
+    return -1;
+  }
+  return std::stoi(argument);
+}
+
+int ResolveItemArgument(const std::string& argument, const std::vector<std::string>& items,
+                        const std::string& listName, std::string& reason) {
+  const bool digitsOnly = !argument.empty() && argument.find_first_not_of("0123456789") == std::string::npos;
+  if (digitsOnly) {
+    int position = ParseScriptNumber(argument);
+    if (position >= 0 && position < static_cast<int>(items.size())) return position;
+    reason = "position " + argument + " is outside " + listName + " (" +
+             std::to_string(items.size()) + " items)";
+    return -1;
+  }
+  std::string text = argument.size() > 1 && argument[0] == '=' ? argument.substr(1) : argument;
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    if (EqualsNoCase(items[i], text)) return static_cast<int>(i);
+  }
+  reason = "no item \"" + text + "\" in " + listName;
+  return -1;
 }
 
 }  // namespace tessara

@@ -5,6 +5,8 @@
 
 namespace tessara {
 
+class ProjectDetectedDialogModel;
+
 // The platform services the logic needs. The core never shows anything and never ends
 // the process itself: it asks the front-end's Host, which is a Qt adapter in the GUI,
 // standard error in the CLI and a recording double in the tests.
@@ -26,6 +28,29 @@ class Host {
 
   // Shows a generated file to the user; a front-end without a viewer does nothing.
   virtual void ShowInViewer(const std::string& path) = 0;
+
+  // The question of Back on the peripheral page: OK or Cancel (the default button),
+  // with the state of its "Do not show this message again." box.
+  struct ResetWarningAnswer {
+    bool ok = false;
+    bool doNotShowAgain = false;
+  };
+  virtual ResetWarningAnswer AskResetWarning(const std::string& text) {
+    (void)text;
+    return {};
+  }
+
+  // Project mode. "Could not detect any existing ORV workspace!" with "Invoke ORV"
+  // (true) and Cancel, the default; and the dialog that confirms where the files go,
+  // true for OK. A front-end without these dialogs cancels both.
+  virtual bool AskInvokeIde(const std::string& text) {
+    (void)text;
+    return false;
+  }
+  virtual bool RunProjectDetectedDialog(ProjectDetectedDialogModel& dialog) {
+    (void)dialog;
+    return false;
+  }
 
   // File questions. An empty answer means the user cancelled; a front-end without
   // dialogs (the CLI, where the command names the file) always cancels.
