@@ -2,6 +2,7 @@
 #include <sstream>
 
 #include "core/application.h"
+#include "core/text.h"
 #include "fuzz_support.h"
 #include "recording_host.h"
 #include "script.h"
@@ -27,11 +28,33 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
   }
 
+  // The run itself starts on the bundled sample data, as `tessara-cli run` does. Lines
+  // that would write or read files named by the script are left out: a fuzzer must not
+  // write over the machine.
+  std::string runnable;
+  std::istringstream all(script);
+  for (std::string line; std::getline(all, line);) {
+    std::vector<std::string> words;
+    std::string reason;
+    if (SplitScriptLine(line, words, reason) && !words.empty() &&
+        (EqualsNoCase(words[0], "save") || EqualsNoCase(words[0], "generate") ||
+         EqualsNoCase(words[0], "load"))) {
+      continue;
+    }
+    runnable += line + "\n";
+  }
+  SetModuleFolder(TESSARA_SOURCE_DIR "/data");
   RecordingHost host;
   Application application(host);
-  ScriptRunner runner(application);
-  std::istringstream input(script);
-  int status = runner.Run(input);
-  FUZZ_CHECK(status == 0 || status == 2);
+  try {
+    FUZZ_CHECK(application.StartUp() == Application::StartResult::kRunning);
+    ScriptRunner runner(application);
+    std::istringstream input(runnable);
+    int status = runner.Run(input);
+    FUZZ_CHECK(status == 0 || status == 2 || status == 3);
+  } catch (const HostExit&) {
+    // Only a missing or altered data file ends the program, and the sample data are whole.
+    FUZZ_CHECK(false);
+  }
   return 0;
 }
