@@ -1,5 +1,7 @@
 #include "cli_host.h"
 
+#include "idelink/ide_link.h"
+
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -35,5 +37,23 @@ void CliHost::Sleep(int milliseconds) {
 }
 
 void CliHost::ShowInViewer(const std::string&) {}
+
+Host::ResetWarningAnswer CliHost::AskResetWarning(const std::string& text) {
+  MessageBox(text);
+  return resetAnswer_;
+}
+
+bool CliHost::AskInvokeIde(const std::string& text) {
+  MessageBox(text);
+  return projectAnswers_.invokeIde;
+}
+
+bool CliHost::RunProjectDetectedDialog(ProjectDetectedDialogModel& dialog) {
+  if (!projectAnswers_.acceptProject) return false;
+  if (!projectAnswers_.projectPath.empty()) dialog.PathText = projectAnswers_.projectPath;
+  // OK refuses an empty path with its message; a script cannot type again, so that
+  // counts as Cancel.
+  return dialog.Ok(*this);
+}
 
 }  // namespace tessara

@@ -8,6 +8,7 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <locale.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -274,9 +275,10 @@ std::vector<std::string> ChunkedText::ReadSections(const std::vector<std::string
   return texts;
 }
 
-int ReadSectionText(Host& host, const std::string& section, std::string& out,
-                    const std::string& path) {
-  std::string content;
+namespace {
+
+// Reads a data file: a missing one ends the program, one that cannot be opened is told.
+bool ReadDataFile(Host& host, const std::string& path, std::string& content) {
   if (!ReadWholeFile(path, content)) {
     // Only a file that could not be read is looked at again, to tell a missing file
     // (which ends the program) from one that cannot be opened.
@@ -285,8 +287,17 @@ int ReadSectionText(Host& host, const std::string& section, std::string& out,
       host.Exit(1);
     }
     host.MessageBox(FormatC(kErrorOpeningFormat, path.c_str()));
-    return 1;
+    return false;
   }
+  return true;
+}
+
+}  // namespace
+
+int ReadSectionText(Host& host, const std::string& section, std::string& out,
+                    const std::string& path) {
+  std::string content;
+  if (!ReadDataFile(host, path, content)) return 1;
   ReadSectionFromChunks(ReadTextChunks(content), section, out);
   return 0;
 }
@@ -358,14 +369,7 @@ std::uint16_t TextChecksum(std::string_view fileContent) {
 
 std::uint16_t FileChecksum(Host& host, const std::string& path) {
   std::string content;
-  if (!ReadWholeFile(path, content)) {
-    if (!FileExists(path)) {
-      host.MessageBox(FormatC(kMissingFileFormat, path.c_str()));
-      host.Exit(1);
-    }
-    host.MessageBox(FormatC(kErrorOpeningFormat, path.c_str()));
-    return 1;
-  }
+  if (!ReadDataFile(host, path, content)) return 1;
   return TextChecksum(content);
 }
 
@@ -594,6 +598,28 @@ bool ReadFileStart(const std::string& path, std::size_t limit, std::string& cont
   ::close(fd);
   whole = size <= limit;
   return read;
+}
+
+bool WriteTextFileReplacing(const std::string& path, const std::string& text) {
+  std::string onDisk;
+  onDisk.reserve(text.size() + text.size() / 16);
+  for (char c : text) {
+    if (c == '\n') onDisk.push_back('\r');
+    onDisk.push_back(c);
+  }
+  const std::string temporary = path + ".tessara~";
+  bool written = false;
+  {
+    std::ofstream out(temporary, std::ios::binary | std::ios::trunc);
+    if (out) {
+      out.write(onDisk.data(), static_cast<std::streamsize>(onDisk.size()));
+      out.flush();
+      written = static_cast<bool>(out);
+    }
+  }
+  if (written && std::rename(temporary.c_str(), path.c_str()) == 0) return true;
+  std::remove(temporary.c_str());
+  return false;
 }
 
 }  // namespace tessara

@@ -109,6 +109,11 @@ bool ReadWholeFile(const std::string& path, std::string& content);
 // all of it. False as for ReadWholeFile.
 bool ReadFileStart(const std::string& path, std::size_t limit, std::string& content, bool& whole);
 
+// Writes a text file the way text mode does (each "\n" as CR LF), into a file beside
+// the target that is then renamed over it, so that a failure never leaves a truncated
+// file where a good one stood. False when the target could not be written.
+bool WriteTextFileReplacing(const std::string& path, const std::string& text);
+
 }  // namespace tessara
 
 #endif  // TESSARA_CORE_TEXT_H_
