@@ -192,5 +192,17 @@ TEST_F(PageCommandsTest, LoadFailuresShowTheirMessages) {
   EXPECT_EQ(host.messages.size(), messages) << "a cancelled dialog says nothing";
 }
 
+TEST_F(PageCommandsTest, PeripheralListKeepsTheFirstDataFilesColoursAcrossOpenings) {
+  // The first data file paints invalid rows on a light yellow; the KB chip's file has
+  // no colour lines of its own.
+  const ListColour yellow = Rgb(255, 255, 224);
+  OpenKbWithAecInUse();
+  EXPECT_EQ(page->List().Colours().Colour(ListColourKey::kBackgroundNotFocusInvalid), yellow);
+  host.resetAnswers = {{true, false}};
+  ASSERT_TRUE(page->Leave());
+  selection->NextPressed();
+  EXPECT_EQ(page->List().Colours().Colour(ListColourKey::kBackgroundNotFocusInvalid), yellow);
+}
+
 }  // namespace
 }  // namespace tessara
