@@ -19,8 +19,8 @@ namespace {
 
 constexpr int kPanelColumns = 2;
 
-// Options side by side up to four, then in rows of four (the eight-bit groups).
-constexpr int kOptionsPerRow = 4;
+// Options two by two, so that groups of three, four or eight stay narrow.
+constexpr int kOptionsPerRow = 2;
 
 QStringList ItemsOf(const ControlModel& model) {
   QStringList items;

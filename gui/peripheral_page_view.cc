@@ -97,6 +97,8 @@ void PeripheralPageView::Reset(const ClockSummary& summary) {
       tabs_->addTab(ToQt(item));
     }
   }
+  // An empty tab bar had no height; it takes one now that it holds the tabs.
+  tabs_->setMinimumHeight(tabs_->count() > 0 ? tabs_->sizeHint().height() : 0);
   const std::string* texts[] = {&summary.first, &summary.second, &summary.alternate, &summary.third,
                                 &summary.fourth};
   for (int line = 0; line < 5; ++line) summary_[line]->setText(ToQt(*texts[line]));
