@@ -6,23 +6,38 @@ namespace tessara {
 
 namespace {
 
-// Name and pattern list of each entry, in order. A data file may write the pairs with
-// ";" between them as well as "|", so an entry's patterns are everything up to the next
-// text that holds a blank or parentheses, i.e. the next name.
+// The pieces of a text between `separator`s that stand outside parentheses: a name
+// such as "C Source Files (*.c;*.h)" keeps its ";".
+QStringList SplitOutsideParentheses(const QString& text, QChar separator) {
+  QStringList pieces;
+  QString piece;
+  int depth = 0;
+  for (QChar c : text) {
+    if (c == '(') ++depth;
+    if (c == ')' && depth > 0) --depth;
+    if (c == separator && depth == 0) {
+      pieces.append(piece);
+      piece.clear();
+    } else {
+      piece.append(c);
+    }
+  }
+  pieces.append(piece);
+  return pieces;
+}
+
+// Name and pattern list of each entry, in order. Some filters write ";" between two
+// pairs instead of "|", so a piece with parentheses always starts a new entry.
 QList<QPair<QString, QStringList>> Entries(const char* filter) {
   QList<QPair<QString, QStringList>> entries;
-  const QStringList pieces = QString::fromUtf8(filter).split('|', Qt::SkipEmptyParts);
-  for (const QString& piece : pieces) {
-    if (piece.contains('(')) {
-      entries.append({piece.trimmed(), {}});
-      continue;
-    }
-    if (entries.isEmpty()) continue;
-    for (const QString& pattern : piece.split(';', Qt::SkipEmptyParts)) {
-      if (pattern.contains('(')) {
-        entries.append({pattern.trimmed(), {}});
-      } else {
-        entries.last().second.append(pattern.trimmed());
+  for (const QString& piece : SplitOutsideParentheses(QString::fromUtf8(filter), '|')) {
+    for (const QString& part : SplitOutsideParentheses(piece, ';')) {
+      QString text = part.trimmed();
+      if (text.isEmpty()) continue;
+      if (text.contains('(')) {
+        entries.append({text, {}});
+      } else if (!entries.isEmpty()) {
+        entries.last().second.append(text);
       }
     }
   }
