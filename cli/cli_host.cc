@@ -36,4 +36,14 @@ void CliHost::Sleep(int milliseconds) {
 
 void CliHost::ShowInViewer(const std::string&) {}
 
+Host::ResetWarningAnswer CliHost::AskResetWarning(const std::string& text) {
+  MessageBox(text);
+  return resetAnswer_;
+}
+
+bool CliHost::AskInvokeIde(const std::string& text) {
+  MessageBox(text);
+  return false;
+}
+
 }  // namespace tessara

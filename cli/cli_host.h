@@ -14,6 +14,14 @@ class CliHost : public Host {
   std::string DocumentsFolder() override;
   void Sleep(int milliseconds) override;
   void ShowInViewer(const std::string& path) override;
+  // A question prints its text as a message box does and takes the script's answer.
+  ResetWarningAnswer AskResetWarning(const std::string& text) override;
+  bool AskInvokeIde(const std::string& text) override;
+
+  void SetResetWarningAnswer(ResetWarningAnswer answer) { resetAnswer_ = answer; }
+
+ private:
+  ResetWarningAnswer resetAnswer_{true, false};
 };
 
 }  // namespace tessara

@@ -62,6 +62,33 @@ int Checksums(Application& application, bool write) {
   return 0;
 }
 
+// Runs commands one after the other as a script would, ending at the first that ends
+// the run.
+int RunCommands(ScriptRunner& runner, const std::vector<std::vector<std::string>>& commands) {
+  for (const std::vector<std::string>& words : commands) {
+    ScriptRunner::Outcome outcome = runner.Execute(words);
+    if (!outcome.failure.empty()) {
+      std::fflush(stdout);
+      std::fprintf(stderr, "%s\n", outcome.failure.c_str());
+      return kStatusBadUsage;
+    }
+    if (outcome.status != 0) return outcome.status;
+  }
+  std::fflush(stdout);
+  return runner.FinalStatus();
+}
+
+int LoadAndRun(Application& application, CliHost& host, const std::string& project,
+               std::vector<std::string> lastCommand) {
+  if (!FileExists(project)) {
+    host.MessageBox("Unable to open file: \n" + project);
+    return kStatusFileError;
+  }
+  if (int status = StartOrFail(application)) return status;
+  ScriptRunner runner(application, host);
+  return RunCommands(runner, {{"load", project}, {"next"}, std::move(lastCommand)});
+}
+
 int RunScript(Application& application, const std::string& scriptPath) {
   std::ifstream file;
   if (scriptPath != "-") {
@@ -72,7 +99,7 @@ int RunScript(Application& application, const std::string& scriptPath) {
     }
   }
   if (int status = StartOrFail(application)) return status;
-  ScriptRunner runner(application);
+  ScriptRunner runner(application, static_cast<CliHost&>(application.host()));
   int status = runner.Run(scriptPath == "-" ? std::cin : file);
   std::fflush(stdout);
   return status;
@@ -94,6 +121,13 @@ int Main(int argc, char** argv) {
   CLI::App* run = app.add_subcommand("run", "Run a script of page actions (from a file, or - for standard input)");
   std::string script = "-";
   run->add_option("script", script, "Script file, or - for standard input");
+  CLI::App* generate = app.add_subcommand("generate", "Load a project and generate its C files into a folder");
+  std::string project, outFolder, outName = "Config.c";
+  generate->add_option("project", project, "Project file (.tsr)")->required();
+  generate->add_option("--out", outFolder, "Folder for the generated files")->required();
+  generate->add_option("--name", outName, "Name of the C source file (default Config.c)");
+  CLI::App* check = app.add_subcommand("check", "Load a project and print its error report");
+  check->add_option("project", project, "Project file (.tsr)")->required();
 
   try {
     app.parse(argc, argv);
@@ -112,6 +146,8 @@ int Main(int argc, char** argv) {
   if (*catalogue) return Catalogue(application);
   if (*checksums) return Checksums(application, write);
   if (*run) return RunScript(application, script);
+  if (*generate) return LoadAndRun(application, host, project, {"generate", outFolder, outName});
+  if (*check) return LoadAndRun(application, host, project, {"errors"});
   return kStatusBadUsage;
 }
 

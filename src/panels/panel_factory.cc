@@ -2,6 +2,7 @@
 
 #include "panels/analog/aec_panel.h"
 #include "panels/analog/wkp_panel.h"
+#include "panels/timers/timer_ra_panel.h"
 
 namespace tessara {
 
@@ -9,6 +10,7 @@ std::unique_ptr<PeripheralPanel> CreatePeripheralPanel(PanelKind kind) {
   switch (kind) {
     case PanelKind::kAEC: return std::make_unique<AECPanel>();
     case PanelKind::kWKP: return std::make_unique<WKPPanel>();
+    case PanelKind::kTimerRA: return std::make_unique<TimerRAPanel>();
     default: return nullptr;
   }
 }

@@ -109,4 +109,50 @@ void ApplyShowMask(std::string_view mask, const std::vector<MaskTarget>& targets
   }
 }
 
+void ApplyShowPlaces(std::string_view mask, const std::vector<ShowPlace>& places,
+                     const std::vector<ShowBox>& boxes, std::vector<Control>& controls) {
+  for (std::size_t place = 0; place < mask.size() && place < places.size(); ++place) {
+    const ShowPlace& showPlace = places[place];
+    const MaskTarget& target = showPlace.target;
+    if (target.control < 0 || target.control >= static_cast<int>(controls.size())) continue;
+    ShowEffect effect = mask[place] == 'H'   ? showPlace.onH
+                        : mask[place] == 'S' ? showPlace.onS
+                                             : ShowEffect::kLeave;
+    if (effect == ShowEffect::kLeave) continue;
+    Control& control = controls[static_cast<std::size_t>(target.control)];
+    bool visible = effect == ShowEffect::kShow;
+    if (target.part < 0) {
+      for (ControlModel& part : control.parts) part.visible = visible;
+      control.frame.visible = visible;
+    } else if (ControlModel* part = PartOf(control, target.part)) {
+      part->visible = visible;
+    }
+  }
+  for (const ShowBox& box : boxes) {
+    if (box.control < 0 || box.control >= static_cast<int>(controls.size())) continue;
+    bool allH = !box.places.empty();
+    bool anyS = false;
+    for (int place : box.places) {
+      char letter = place >= 0 && place < static_cast<int>(mask.size())
+                        ? mask[static_cast<std::size_t>(place)]
+                        : '\0';
+      allH = allH && letter == 'H';
+      anyS = anyS || letter == 'S';
+    }
+    ControlModel& frame = controls[static_cast<std::size_t>(box.control)].frame;
+    switch (box.rule) {
+      case BoxRule::kHiddenIfAllHShownIfAnyS:
+        if (allH) frame.visible = false;
+        if (anyS) frame.visible = true;
+        break;
+      case BoxRule::kShownIfAllHOrAnyS:
+        if (allH || anyS) frame.visible = true;
+        break;
+      case BoxRule::kShownIfAllH:
+        if (allH) frame.visible = true;
+        break;
+    }
+  }
+}
+
 }  // namespace tessara

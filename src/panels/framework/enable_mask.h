@@ -39,6 +39,37 @@ void ApplyEnableMask(std::string_view mask, const std::vector<MaskTarget>& targe
 void ApplyShowMask(std::string_view mask, const std::vector<MaskTarget>& targets,
                    std::vector<Control>& controls);
 
+// What one letter of a ShowMask does to its target. Some panels read "H" as "show"
+// for targets that must never vanish.
+enum class ShowEffect { kLeave, kShow, kHide };
+
+// One place of a ShowMask with the effect of each letter. The target's group box goes
+// along when the place stands for the whole control (part -1).
+struct ShowPlace {
+  MaskTarget target;
+  ShowEffect onH = ShowEffect::kHide;
+  ShowEffect onS = ShowEffect::kShow;
+};
+
+// How the group box of a control follows the letters of its places.
+enum class BoxRule {
+  kHiddenIfAllHShownIfAnyS,  // all "H" hides the box, any "S" shows it
+  kShownIfAllHOrAnyS,        // both cases show the box
+  kShownIfAllH,              // only all "H" shows it
+};
+
+struct ShowBox {
+  int control = 0;
+  std::vector<int> places;  // from 0
+  BoxRule rule = BoxRule::kHiddenIfAllHShownIfAnyS;
+};
+
+// Applies a ShowMask place by place with the effects of `places`, then sets the group
+// boxes by their rules. A box whose places the mask does not reach, or that match no
+// case of its rule, is left as it is.
+void ApplyShowPlaces(std::string_view mask, const std::vector<ShowPlace>& places,
+                     const std::vector<ShowBox>& boxes, std::vector<Control>& controls);
+
 }  // namespace tessara
 
 #endif  // TESSARA_PANELS_FRAMEWORK_ENABLE_MASK_H_

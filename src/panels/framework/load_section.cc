@@ -155,7 +155,11 @@ void PeripheralPanel::LoadControlRow(int place, std::string_view key, std::strin
     if (cell.size() > cellLength) cell.resize(cellLength);
   }
   rowTable_.MutableRow(place).SetCells(std::move(cells));
-  if (const RowKeyLayout* layout = FindRowKey(kind_, key)) ApplyRowKey(place, *layout);
+  if (const RowKeyLayout* layout = RowKeyFor(key)) ApplyRowKey(place, *layout);
+}
+
+const RowKeyLayout* PeripheralPanel::RowKeyFor(std::string_view key) const {
+  return FindRowKey(kind_, key);
 }
 
 void PeripheralPanel::ApplyRowKey(int place, const RowKeyLayout& layout) {

@@ -208,10 +208,18 @@ void PeripheralPanel::ApplyDefaults() {
 
 void PeripheralPanel::BuildTooltips() {
   tooltips_ = TooltipSet();
-  for (std::size_t k = 0; k < tooltipTexts_.size() && k < controls_.size(); ++k) {
-    tooltips_.bindings.push_back(TooltipBinding{tooltipTexts_[k], static_cast<int>(k), -1});
+  const std::vector<MaskTarget> targets = TooltipTargets();
+  for (std::size_t k = 0; k < tooltipTexts_.size() && k < targets.size(); ++k) {
+    tooltips_.bindings.push_back(TooltipBinding{tooltipTexts_[k], targets[k].control,
+                                                targets[k].part});
   }
   tooltips_.active = true;
+}
+
+std::vector<MaskTarget> PeripheralPanel::TooltipTargets() const {
+  std::vector<MaskTarget> targets;
+  for (std::size_t c = 0; c < controls_.size(); ++c) targets.push_back({static_cast<int>(c), -1});
+  return targets;
 }
 
 void PeripheralPanel::AddInitialValue(std::string_view caption, std::string_view cellText) {
@@ -666,14 +674,27 @@ std::vector<int> PeripheralPanel::SavedControls() const {
   return saved;
 }
 
-void PeripheralPanel::SaveState(std::string& text) const {
+std::vector<SavedValue> PeripheralPanel::SavedValues() const {
+  std::vector<SavedValue> values;
   for (int c : SavedControls()) {
-    const Control& control = controls_[static_cast<std::size_t>(c)];
-    if (control.kind == ControlKind::kRadioGroup) {
-      text += FormatC("%d %d ", control.parts[0].checked ? 1 : 0,
-                      control.parts.size() > 1 && control.parts[1].checked ? 1 : 0);
-    } else {
-      text += FormatC("%d ", control.parts[0].selection);
+    bool group = controls_[static_cast<std::size_t>(c)].kind == ControlKind::kRadioGroup;
+    values.push_back({c, group ? SavedForm::kOptions : SavedForm::kIndex, 0});
+  }
+  return values;
+}
+
+void PeripheralPanel::SaveState(std::string& text) const {
+  for (const SavedValue& value : SavedValues()) {
+    const Control& control = controls_.at(static_cast<std::size_t>(value.control));
+    const ControlModel& part = control.parts.at(static_cast<std::size_t>(
+        value.form == SavedForm::kOptions ? 0 : value.part));
+    switch (value.form) {
+      case SavedForm::kOptions:
+        text += FormatC("%d %d ", part.checked ? 1 : 0,
+                        control.parts.size() > 1 && control.parts[1].checked ? 1 : 0);
+        break;
+      case SavedForm::kIndex: text += FormatC("%d ", part.selection); break;
+      case SavedForm::kText: text += part.text + " "; break;
     }
   }
   text += " \n";
@@ -694,16 +715,34 @@ void PeripheralPanel::LoadState(const std::string& projectText) {
   std::size_t at = projectText.find(tag);
   if (at == std::string::npos) return;
   std::string rest = projectText.substr(at + tag.size());
-  for (int c : SavedControls()) {
-    Control& control = controls_[static_cast<std::size_t>(c)];
-    if (control.kind == ControlKind::kRadioGroup) {
-      control.parts[0].checked = NextInteger(rest) != 0;
-      bool second = NextInteger(rest) != 0;
-      if (control.parts.size() > 1) control.parts[1].checked = second;
-    } else {
-      control.parts[0].Select(NextInteger(rest));
+  for (const SavedValue& value : SavedValues()) {
+    const int c = value.control;
+    Control& control = controls_.at(static_cast<std::size_t>(c));
+    ControlModel& part = control.parts.at(static_cast<std::size_t>(
+        value.form == SavedForm::kOptions ? 0 : value.part));
+    switch (value.form) {
+      case SavedForm::kOptions: {
+        part.checked = NextInteger(rest) != 0;
+        bool second = NextInteger(rest) != 0;
+        if (control.parts.size() > 1) control.parts[1].checked = second;
+        RunHandler(c);
+        break;
+      }
+      case SavedForm::kIndex:
+        part.Select(NextInteger(rest));
+        if (control.kind == ControlKind::kComboEditbox) {
+          // The field's handler works on the selected item, as after a pick.
+          const std::string* item = part.SelectedItem();
+          OnComboEditbox(c, value.part, item != nullptr ? *item : part.text);
+        } else {
+          RunHandler(c);
+        }
+        break;
+      case SavedForm::kText:
+        part.SetText(ReadNextToken(rest));
+        OnComboEditbox(c, value.part, part.text);
+        break;
     }
-    RunHandler(c);
   }
 }
 

@@ -71,6 +71,17 @@ struct ErrorFieldName {
   int part = -1;
 };
 
+// One value of a panel's save line. A RadioGroup gives the check states of its first
+// two options; a list index is a Combobox's selection or that of a ComboEditbox field;
+// a field text is written as it stands, followed by a blank.
+enum class SavedForm { kOptions, kIndex, kText };
+
+struct SavedValue {
+  int control = 0;
+  SavedForm form = SavedForm::kOptions;
+  int part = 0;  // the field of a ComboEditbox
+};
+
 // A Combobox whose items follow an option: its own item texts and the last mask
 // applied, so that a user's selection lives as long as the list does not change.
 struct RefillableCombo {
@@ -202,6 +213,17 @@ class PeripheralPanel {
   virtual bool CountsAsActive(int control) const;
   // The controls whose state SaveState writes and LoadState replays, in order.
   virtual std::vector<int> SavedControls() const;
+  // The values of the save line, in order; by default the groups and lists of
+  // SavedControls. Kinds that save field indices or texts list them here.
+  virtual std::vector<SavedValue> SavedValues() const;
+  // The cells that the section load touches for a control row; kinds whose rows
+  // change layout with the section's format marker choose here.
+  virtual const RowKeyLayout* RowKeyFor(std::string_view key) const;
+  // The control (and part) that tooltip text k goes to, in the order of the texts; by
+  // default text k to the whole of control k.
+  virtual std::vector<MaskTarget> TooltipTargets() const;
+  // Whether an ExtraComment item may name this control, as key or as gate.
+  virtual bool IsEmissionKey(const Control&) const { return true; }
   // Writes the rows of item cell j of a Combobox's row; returns the first row's name.
   virtual std::string ApplyComboItem(int control, const PanelRow& row, int cell);
   // A row and comment for a field's trimmed text; false leaves the row as it was.

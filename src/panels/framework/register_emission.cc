@@ -132,7 +132,12 @@ std::string EmitExtraCode(std::string_view extraParameter) {
 }
 
 void PeripheralPanel::EmitRegisterCode(std::string& out) const {
-  out = tessara::EmitRegisterCode(extraComment_, controls_, rowTable_, Traits().cellsPerRow);
+  // A control that the kind does not accept as a key is as unknown as any other word.
+  std::vector<Control> keys;
+  for (const Control& control : controls_) {
+    if (IsEmissionKey(control)) keys.push_back(control);
+  }
+  out = tessara::EmitRegisterCode(extraComment_, keys, rowTable_, Traits().cellsPerRow);
 }
 
 void PeripheralPanel::EmitExtraCode(std::string& out) const {
