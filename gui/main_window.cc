@@ -10,6 +10,7 @@
 #include "core/application.h"
 #include "error_report_window.h"
 #include "pages/page_commands.h"
+#include "pages/page_flow.h"
 #include "pages/peripheral_page.h"
 #include "pages/selection_page.h"
 #include "parameter_list_view.h"
@@ -32,16 +33,12 @@ ListColour HostSelectionColour() {
 MainWindow::MainWindow(Application& application, Host& host)
     : application_(application),
       host_(host),
-      selection_(std::make_unique<SelectionPage>(application, HostSelectionColour())),
-      peripherals_(std::make_unique<PeripheralPage>(application)) {
+      flow_(std::make_unique<PageFlow>(application, HostSelectionColour())) {
   setWindowTitle(QString::fromUtf8(kPageTitle.data(), static_cast<qsizetype>(kPageTitle.size())));
   setWindowIcon(ApplicationIcon());
-  // Both lists take their colours from the data file that was first at start-up.
-  peripherals_->List().Colours() = selection_->List().Colours();
-
   pages_ = new QStackedWidget(this);
-  selectionView_ = new SelectionPageView(*selection_, pages_);
-  peripheralView_ = new PeripheralPageView(*peripherals_, pages_);
+  selectionView_ = new SelectionPageView(flow_->Selection(), pages_);
+  peripheralView_ = new PeripheralPageView(flow_->Peripherals(), pages_);
   pages_->addWidget(selectionView_);
   pages_->addWidget(peripheralView_);
   setCentralWidget(pages_);
@@ -55,30 +52,30 @@ MainWindow::MainWindow(Application& application, Host& host)
   peripheralView_->onBack = [this] { Back(); };
   peripheralView_->onSave = [this] { Save(); };
 
-  selection_->runPeripheralPage = [this] {
-    peripherals_->Open(true, selection_->ClockLink(), selection_->Clock2Link());
-    peripheralView_->Reset(selection_->CurrentClockSummary());
-    pages_->setCurrentWidget(peripheralView_);
-    peripheralView_->PeripheralList()->setFocus();
-  };
-  selection_->loadFile = [this](const std::string& path) {
-    LoadProjectFile(application_, *selection_, *peripherals_, path);
-  };
   resize(1000, 720);
 }
 
 MainWindow::~MainWindow() = default;
 
+SelectionPage& MainWindow::Selection() { return flow_->Selection(); }
+PeripheralPage& MainWindow::Peripherals() { return flow_->Peripherals(); }
+
 void MainWindow::Start() {
-  selection_->Initialise();
+  flow_->Start();
   selectionView_->Redraw();
   pages_->setCurrentWidget(selectionView_);
 }
 
-void MainWindow::Next() { selection_->NextPressed(); }
+void MainWindow::Next() {
+  flow_->Next();
+  if (!flow_->OnPeripheralPage()) return;
+  peripheralView_->Reset(flow_->Summary());
+  pages_->setCurrentWidget(peripheralView_);
+  peripheralView_->PeripheralList()->setFocus();
+}
 
 void MainWindow::Back() {
-  if (!peripherals_->Leave()) return;  // the user cancelled the warning
+  if (!flow_->Back()) return;  // the user cancelled the warning
   CloseErrorReport();
   peripheralView_->Panel()->Bind(nullptr);
   pages_->setCurrentWidget(selectionView_);
@@ -87,20 +84,20 @@ void MainWindow::Back() {
 }
 
 void MainWindow::Generate() {
-  GenerateCommand(application_, *peripherals_, report_, [this](bool passed) {
+  GenerateCommand(application_, *flow_, [this](bool passed) {
     if (passed) {
       CloseErrorReport();
     } else {
-      ShowErrorReport(report_);
+      ShowErrorReport(flow_->Report());
     }
   });
   peripheralView_->Redraw();
 }
 
-void MainWindow::Save() { SaveProject(application_, *selection_, *peripherals_); }
+void MainWindow::Save() { SaveCommand(application_, *flow_); }
 
 void MainWindow::Load() {
-  LoadProjectDialog(application_, *selection_, *peripherals_);
+  LoadCommand(application_, *flow_);
   selectionView_->Redraw();
   selectionView_->NextButton()->setFocus();
 }
@@ -117,6 +114,7 @@ void MainWindow::ShowErrorReport(const ErrorReport& report) {
 }
 
 void MainWindow::CloseErrorReport() {
+  flow_->CloseReport();
   if (errorWindow_ != nullptr) errorWindow_->hide();
 }
 
@@ -127,7 +125,7 @@ void MainWindow::ShowAbout() {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
   // Closing the window ends the program without a question, from either page.
-  if (peripherals_->IsOpen()) peripherals_->Close();
+  if (flow_->OnPeripheralPage()) flow_->Peripherals().Close();
   if (errorWindow_ != nullptr) errorWindow_->close();
   event->accept();
 }

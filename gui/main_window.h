@@ -13,14 +13,15 @@ namespace tessara {
 class Application;
 class ErrorReportWindow;
 class Host;
+class PageFlow;
 class PeripheralPage;
 class PeripheralPageView;
 class SelectionPage;
 class SelectionPageView;
 
 // The one window of the program, "Tessara": the selection page and the peripheral page
-// take turns in it at the same place and size. It holds both core pages and connects
-// their buttons to the core's commands.
+// take turns in it at the same place and size. It holds the core's page flow and
+// connects the buttons to the core's commands.
 class MainWindow : public QMainWindow {
   Q_OBJECT
  public:
@@ -31,8 +32,9 @@ class MainWindow : public QMainWindow {
   // and the project named on the command line, if any.
   void Start();
 
-  SelectionPage& Selection() { return *selection_; }
-  PeripheralPage& Peripherals() { return *peripherals_; }
+  PageFlow& Flow() { return *flow_; }
+  SelectionPage& Selection();
+  PeripheralPage& Peripherals();
   SelectionPageView* SelectionView() const { return selectionView_; }
   PeripheralPageView* PeripheralView() const { return peripheralView_; }
   QStackedWidget* Pages() const { return pages_; }
@@ -55,9 +57,7 @@ class MainWindow : public QMainWindow {
  private:
   Application& application_;
   Host& host_;
-  std::unique_ptr<SelectionPage> selection_;
-  std::unique_ptr<PeripheralPage> peripherals_;
-  ErrorReport report_;
+  std::unique_ptr<PageFlow> flow_;
   QStackedWidget* pages_;
   SelectionPageView* selectionView_;
   PeripheralPageView* peripheralView_;

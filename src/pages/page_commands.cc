@@ -1,15 +1,13 @@
 #include "pages/page_commands.h"
 
+#include <string>
+
 #include "core/application.h"
 #include "core/host.h"
 #include "core/ini.h"
 #include "core/text.h"
-#include "generator/code_generator.h"
 #include "generator/generate_dialog.h"
-#include "idelink/ide_link.h"
-#include "pages/error_report.h"
-#include "pages/peripheral_page.h"
-#include "pages/selection_page.h"
+#include "pages/page_flow.h"
 #include "project/project_file.h"
 
 namespace tessara {
@@ -29,82 +27,51 @@ std::string FolderOf(const std::string& path) {
 
 }  // namespace
 
-GenerateOutcome GenerateCommand(Application& application, PeripheralPage& page, ErrorReport& report,
+GenerateOutcome GenerateCommand(Application& application, PageFlow& flow,
                                 const std::function<void(bool passed)>& afterGate) {
   Host& host = application.host();
-  const bool passed = CollectErrors(page, report);
+  OutputState& output = flow.Peripherals().Output;
+  const bool passed = flow.CollectErrors();
   if (afterGate) afterGate(passed);
   if (!passed) return GenerateOutcome::kErrors;
 
   std::string enhanced;
   ReadProgramIni("Generate", "EnhancedGenerate", enhanced);
-  GenerateDialogModel dialog;
-  std::string savedPath;
-  const bool useDialog = enhanced == "1";
-  if (useDialog) {
-    dialog.Open(host, page.Output.ProjectInsertion);
-    if (!host.RunGenerateDialog(dialog, page.Output)) return GenerateOutcome::kCancelled;
-    page.Output.ProjectInsertion = dialog.ProjectInsertion;
+  std::string path, name;
+  if (enhanced == "1") {
+    GenerateDialogModel dialog;
+    dialog.Open(host, output.ProjectInsertion);
+    if (!host.RunGenerateDialog(dialog, output)) return GenerateOutcome::kCancelled;
+    output.ProjectInsertion = dialog.ProjectInsertion;
+    path = dialog.ConfigPath;
+    name = dialog.ConfigName;
   } else {
-    savedPath = host.AskSaveFile(kSaveDialogTitle, kGenerateSaveFilter,
-                                 FolderOf(page.Output.OutputPath) + kGenerateDefaultName);
-    if (savedPath.empty()) return GenerateOutcome::kCancelled;
-    page.Output.ProjectInsertion = 0;
+    path = host.AskSaveFile(kSaveDialogTitle, kGenerateSaveFilter,
+                            FolderOf(output.OutputPath) + kGenerateDefaultName);
+    if (path.empty()) return GenerateOutcome::kCancelled;
+    output.ProjectInsertion = 0;
+    name = LastComponent(path);
   }
-
-  CodeGenerator generator(application, page);
-  if (page.Output.ProjectInsertion == 1) {
-    InsertIntoProject(application, page.Ide.get(), page.ProjectDialog, page.Output, generator);
+  if (output.ProjectInsertion == 1) {
+    flow.GenerateInProject();
     return GenerateOutcome::kInserted;
   }
-  if (useDialog) {
-    page.Output.SetTarget(dialog.ConfigPath, dialog.ConfigName);
-  } else {
-    page.Output.SetTarget(savedPath, LastComponent(savedPath));
-  }
-  generator.WriteAll();
+  flow.GenerateInFolder(path, name);
   return GenerateOutcome::kWritten;
 }
 
-bool SaveProject(Application& application, SelectionPage& selection, PeripheralPage& page) {
-  Host& host = application.host();
-  std::string path = host.AskSaveFile(kSaveDialogTitle, kProjectFilter, page.Output.OutputPath);
+bool SaveCommand(Application& application, PageFlow& flow) {
+  std::string path = application.host().AskSaveFile(kSaveDialogTitle, kProjectFilter,
+                                                    flow.Peripherals().Output.OutputPath);
   if (path.empty()) return false;
-  page.Output.OutputPath = path;
-  BoxPositions boxes{selection.SeriesBox().selection, selection.GroupBox().selection,
-                     selection.PartBox().selection};
-  std::string body = ProjectBody(page, boxes, &selection.Clock(), &selection.Clock2());
-  return WriteProjectFile(host, path, ProjectFileText(body));
+  return flow.Save(path);
 }
 
-bool LoadProjectFile(Application& application, SelectionPage& selection, PeripheralPage& page,
-                     const std::string& path) {
-  Host& host = application.host();
-  bool checksumOk = false;
-  if (!ReadProjectFile(host, path, page.ProjectText, checksumOk)) return false;
-  if (!checksumOk) return false;
-  const std::string& text = page.ProjectText;
-  BoxPositions boxes;
-  if (!ReadBoxPositions(text, boxes)) {
-    host.MessageBox(kSettingsNotFound);
-  } else {
-    // A position beyond today's lists selects nothing, and the chip stays as it was.
-    selection.ChooseSeries(boxes.series);
-    selection.ChooseGroup(boxes.group);
-    selection.ChoosePart(boxes.part);
-  }
-  for (PeripheralPanel* clock : {static_cast<PeripheralPanel*>(&selection.Clock()),
-                                 static_cast<PeripheralPanel*>(&selection.Clock2())}) {
-    if (clock->HasWindow()) clock->LoadState(text);
-  }
-  return true;
-}
-
-bool LoadProjectDialog(Application& application, SelectionPage& selection, PeripheralPage& page) {
-  std::string path =
-      application.host().AskOpenFile(kOpenDialogTitle, kProjectFilter, page.Output.OutputPath);
+bool LoadCommand(Application& application, PageFlow& flow) {
+  std::string path = application.host().AskOpenFile(kOpenDialogTitle, kProjectFilter,
+                                                    flow.Peripherals().Output.OutputPath);
   if (path.empty()) return false;
-  return LoadProjectFile(application, selection, page, path);
+  return flow.LoadFile(path) != PageFlow::LoadResult::kUnreadable;
 }
 
 }  // namespace tessara

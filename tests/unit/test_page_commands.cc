@@ -10,6 +10,7 @@
 #include "core/text.h"
 #include "generator/generate_dialog.h"
 #include "generator/output_target.h"
+#include "pages/page_flow.h"
 #include "pages/peripheral_page.h"
 #include "pages/selection_page.h"
 #include "panels/framework/peripheral_panel.h"
@@ -26,7 +27,7 @@ constexpr int kWkpRow = 9;
 constexpr int kAecRow = 10;
 
 // The bundled sample data in a program folder of the test's own, so that the ini can
-// be changed and written; both pages as the front-ends hold them.
+// be changed and written; both pages in the flow that the front-ends drive.
 class PageCommandsTest : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -35,12 +36,10 @@ class PageCommandsTest : public ::testing::Test {
     SetModuleFolder(home.path());
     application = std::make_unique<Application>(host);
     ASSERT_EQ(application->StartUp(), Application::StartResult::kRunning);
-    selection = std::make_unique<SelectionPage>(*application);
-    page = std::make_unique<PeripheralPage>(*application);
-    selection->runPeripheralPage = [this] {
-      page->Open(true, selection->ClockLink(), selection->Clock2Link());
-    };
-    selection->Initialise();
+    flow = std::make_unique<PageFlow>(*application);
+    flow->Start();
+    selection = &flow->Selection();
+    page = &flow->Peripherals();
   }
   void TearDown() override { SetModuleFolder(""); }
 
@@ -48,7 +47,7 @@ class PageCommandsTest : public ::testing::Test {
   void OpenKbWithAecInUse() {
     ASSERT_TRUE(selection->ChooseSeries(kKbSeries));
     ASSERT_TRUE(selection->ChoosePart(1));
-    selection->NextPressed();
+    flow->Next();
     page->Select(kAecRow);
     PeripheralPanel* aec = page->Panel(PanelKind::kAEC);
     ASSERT_TRUE(aec->ChooseOption("Radiobox_1", 1));
@@ -63,9 +62,9 @@ class PageCommandsTest : public ::testing::Test {
   TempFolder out;
   ScriptedHost host;
   std::unique_ptr<Application> application;
-  std::unique_ptr<SelectionPage> selection;
-  std::unique_ptr<PeripheralPage> page;
-  ErrorReport report;
+  std::unique_ptr<PageFlow> flow;
+  SelectionPage* selection = nullptr;
+  PeripheralPage* page = nullptr;
 };
 
 TEST_F(PageCommandsTest, PlainSaveDialogWritesAllFourFilesOfTheKbChip) {
@@ -74,7 +73,7 @@ TEST_F(PageCommandsTest, PlainSaveDialogWritesAllFourFilesOfTheKbChip) {
   host.saveAnswers = {out.File("board.c")};
   std::vector<bool> gate;
   GenerateOutcome outcome =
-      GenerateCommand(*application, *page, report, [&](bool passed) { gate.push_back(passed); });
+      GenerateCommand(*application, *flow, [&](bool passed) { gate.push_back(passed); });
   EXPECT_EQ(outcome, GenerateOutcome::kWritten);
   EXPECT_EQ(gate, std::vector<bool>{true});
   EXPECT_EQ(host.generateDialogs, 0);
@@ -96,7 +95,7 @@ TEST_F(PageCommandsTest, PlainSaveDialogWritesAllFourFilesOfTheKbChip) {
 TEST_F(PageCommandsTest, CancelledSaveDialogWritesNothing) {
   OpenKbWithAecInUse();
   SetEnhancedGenerate("");
-  EXPECT_EQ(GenerateCommand(*application, *page, report), GenerateOutcome::kCancelled);
+  EXPECT_EQ(GenerateCommand(*application, *flow), GenerateOutcome::kCancelled);
   EXPECT_TRUE(std::filesystem::is_empty(out.path()));
   EXPECT_FALSE(std::filesystem::exists(GeneratedFolder() + "Config.c"));
 }
@@ -111,7 +110,7 @@ TEST_F(PageCommandsTest, GenerateDialogTargetIsRememberedInTheIni) {
                       output);
     return dialog.Ok();
   };
-  EXPECT_EQ(GenerateCommand(*application, *page, report), GenerateOutcome::kWritten);
+  EXPECT_EQ(GenerateCommand(*application, *flow), GenerateOutcome::kWritten);
   EXPECT_EQ(host.generateDialogs, 1);
   EXPECT_TRUE(std::filesystem::exists(out.File("app.c")));
   EXPECT_TRUE(std::filesystem::exists(out.File("app.h")));
@@ -129,7 +128,7 @@ TEST_F(PageCommandsTest, CancelInTheGenerateDialogKeepsTheBrowsedStartFolder) {
     dialog.BrowsePath(host, out.File("later.c"), output);
     return false;
   };
-  EXPECT_EQ(GenerateCommand(*application, *page, report), GenerateOutcome::kCancelled);
+  EXPECT_EQ(GenerateCommand(*application, *flow), GenerateOutcome::kCancelled);
   EXPECT_FALSE(std::filesystem::exists(out.File("later.c")));
   EXPECT_EQ(page->Output.OutputPath, out.File("later.c"));
 }
@@ -138,7 +137,7 @@ TEST_F(PageCommandsTest, SavedProjectLoadsBackIntoBoxesClockAndPanels) {
   OpenKbWithAecInUse();
   PeripheralPanel& clock2 = selection->Clock2();
   host.saveAnswers = {out.File("board.tsr")};
-  ASSERT_TRUE(SaveProject(*application, *selection, *page));
+  ASSERT_TRUE(SaveCommand(*application, *flow));
   EXPECT_EQ(host.asked.back().filter, std::string(kProjectFilter));
   EXPECT_EQ(page->Output.OutputPath, out.File("board.tsr"));
   std::string saved = out.Read("board.tsr");
@@ -146,16 +145,16 @@ TEST_F(PageCommandsTest, SavedProjectLoadsBackIntoBoxesClockAndPanels) {
 
   // Back, another chip, then the file again.
   host.resetAnswers = {{true, false}};
-  ASSERT_TRUE(page->Leave());
+  ASSERT_TRUE(flow->Back());
   ASSERT_TRUE(selection->ChooseSeries(0));
   host.openAnswers = {out.File("board.tsr")};
-  ASSERT_TRUE(LoadProjectDialog(*application, *selection, *page));
+  ASSERT_TRUE(LoadCommand(*application, *flow));
   EXPECT_EQ(*selection->SeriesBox().SelectedItem(), "KB");
   EXPECT_EQ(*selection->PartBox().SelectedItem(), "KB77161B");
   EXPECT_TRUE(clock2.HasWindow());
   EXPECT_FALSE(page->ProjectText.empty());
 
-  selection->NextPressed();
+  flow->Next();
   PeripheralPanel* aec = page->Panel(PanelKind::kAEC);
   ASSERT_TRUE(aec->HasWindow());
   EXPECT_EQ(aec->FindControl("Radiobox_1")->CheckedPart(), 1);
@@ -164,32 +163,30 @@ TEST_F(PageCommandsTest, SavedProjectLoadsBackIntoBoxesClockAndPanels) {
 
   // Saving the restored state gives the same file.
   host.saveAnswers = {out.File("again.tsr")};
-  ASSERT_TRUE(SaveProject(*application, *selection, *page));
+  ASSERT_TRUE(SaveCommand(*application, *flow));
   EXPECT_EQ(out.Read("again.tsr"), saved);
 }
 
-TEST_F(PageCommandsTest, LoadFailuresShowTheirMessages) {
-  ASSERT_FALSE(LoadProjectFile(*application, *selection, *page, out.File("none.tsr")));
+TEST_F(PageCommandsTest, LoadTellsWhatItCouldNotRead) {
+  host.openAnswers = {out.File("none.tsr")};
+  EXPECT_FALSE(LoadCommand(*application, *flow));
   ASSERT_EQ(host.messages.size(), 1u);
   EXPECT_EQ(host.messages[0], "Unable to open file: \n" + out.File("none.tsr"));
 
+  // A file with a bad sum is read, but leaves the boxes as they are.
   std::string body = "Series/Group/PartNo:2 0 0 \n";
   out.Write("bad.tsr", ProjectChecksumLine(body) + "\nSeries/Group/PartNo:1 0 0 \n");
-  EXPECT_FALSE(LoadProjectFile(*application, *selection, *page, out.File("bad.tsr")));
+  host.openAnswers = {out.File("bad.tsr")};
+  EXPECT_TRUE(LoadCommand(*application, *flow));
   EXPECT_EQ(host.messages.back(), "Checksum failed!");
-  EXPECT_EQ(*selection->SeriesBox().SelectedItem(), "QTL") << "the boxes stay";
-  EXPECT_EQ(page->ProjectText, "Series/Group/PartNo:1 0 0 \n") << "the text read is kept";
-
-  std::string noSettings = "Selected_Peripherals:1 \n";
-  out.Write("plain.tsr", ProjectFileText(noSettings));
-  EXPECT_TRUE(LoadProjectFile(*application, *selection, *page, out.File("plain.tsr")));
-  EXPECT_EQ(host.messages.back(), "Settings not found!\n File may be corrupted.");
-  EXPECT_EQ(page->ProjectText, noSettings);
+  EXPECT_EQ(*selection->SeriesBox().SelectedItem(), "QTL");
 
   host.openAnswers.clear();
   std::size_t messages = host.messages.size();
-  EXPECT_FALSE(LoadProjectDialog(*application, *selection, *page));
+  EXPECT_FALSE(LoadCommand(*application, *flow));
   EXPECT_EQ(host.messages.size(), messages) << "a cancelled dialog says nothing";
+  EXPECT_EQ(host.asked.back().title, "Open");
+  EXPECT_EQ(host.asked.back().filter, std::string(kProjectFilter));
 }
 
 TEST_F(PageCommandsTest, PeripheralListKeepsTheFirstDataFilesColoursAcrossOpenings) {
@@ -199,8 +196,8 @@ TEST_F(PageCommandsTest, PeripheralListKeepsTheFirstDataFilesColoursAcrossOpenin
   OpenKbWithAecInUse();
   EXPECT_EQ(page->List().Colours().Colour(ListColourKey::kBackgroundNotFocusInvalid), yellow);
   host.resetAnswers = {{true, false}};
-  ASSERT_TRUE(page->Leave());
-  selection->NextPressed();
+  ASSERT_TRUE(flow->Back());
+  flow->Next();
   EXPECT_EQ(page->List().Colours().Colour(ListColourKey::kBackgroundNotFocusInvalid), yellow);
 }
 
