@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
@@ -301,6 +302,59 @@ class TestMainWindow : public QObject {
     // Space still presses a button, as the user expects.
     QTest::keyClick(page->BackButton(), Qt::Key_Space);
     QCOMPARE(session.window->Pages()->currentWidget(), session.window->SelectionView());
+  }
+
+  void aBadTimeStopsGenerateUntilItIsFixed() {
+    GuiSession session;
+    QVERIFY(WriteProgramIni("Generate", "EnhancedGenerate", "0"));
+    QTest::mouseClick(session.window->SelectionView()->NextButton(), Qt::LeftButton);
+    PeripheralPageView* page = session.window->PeripheralView();
+    page->PeripheralList()->setCurrentItem(page->PeripheralList()->findItems("Timer RA", Qt::MatchExactly).first());
+    PanelView* panel = page->Panel();
+    QTest::mouseClick(Option(panel, "Radiobox_1", 1), Qt::LeftButton);
+    auto* interval = qobject_cast<QComboBox*>(panel->PartWidget("ComboEditbox_1"));
+    QVERIFY(interval != nullptr);
+    QCOMPARE(panel->Frame("ComboEditbox_1")->title(), QString("Interval Time"));
+    QCOMPARE(interval->currentText(), QString("0.1"));
+    // The counter fields belong to the event modes: grey in timer mode.
+    QVERIFY(!panel->PartWidget("ComboEditbox_2", 0)->isEnabled());
+
+    // 7 ms is no time of the list: the rows take the marker and the invalid colours.
+    interval->lineEdit()->selectAll();
+    QTest::keyClicks(interval->lineEdit(), "7");
+    QCOMPARE(interval->currentText(), QString("7"));
+    ParameterListView* list = page->ParameterListWidget();
+    QList<QTableWidgetItem*> bad = list->findItems("tra=NULL", Qt::MatchExactly);
+    QCOMPARE(bad.size(), 1);
+    QCOMPARE(list->item(bad.first()->row(), 1)->text(), QString("//Interval not available"));
+    // The first data file paints invalid rows on light yellow; the changed row, the
+    // prescaler's, is marked in the invalid focus colour, red.
+    QCOMPARE(RowColour(list, bad.first()->row()), QColor(255, 255, 224));
+    QList<QTableWidgetItem*> changed = list->findItems("trapre=NULL", Qt::MatchExactly);
+    QCOMPARE(changed.size(), 1);
+    QCOMPARE(RowColour(list, changed.first()->row()), QColor(255, 0, 0));
+    QList<QTableWidgetItem*> good = list->findItems("tramr.tmod=0x00", Qt::MatchExactly);
+    QCOMPARE(good.size(), 1);
+    QCOMPARE(RowColour(list, good.first()->row()), kWhite);
+
+    QTest::mouseClick(page->GenerateButton(), Qt::LeftButton);
+    QVERIFY(session.host.asked.empty());
+    ErrorReportWindow* report = session.window->ErrorWindow();
+    QVERIFY(report != nullptr);
+    QVERIFY(report->isVisible());
+    QCOMPARE(report->List()->item(0, 0)->text(), QString("E0801"));
+    QCOMPARE(report->List()->item(0, 1)->text(), QString("Timer RA: the interval time is not available"));
+
+    // Picking 10 ms from the list mends it, and Generate writes.
+    QVERIFY(Activate(interval, "10"));
+    QCOMPARE(interval->currentText(), QString("10"));
+    QVERIFY(list->findItems("tra=NULL", Qt::MatchExactly).isEmpty());
+    session.host.saveAnswers = {session.out.filePath("timer.c").toStdString()};
+    QTest::mouseClick(page->GenerateButton(), Qt::LeftButton);
+    QVERIFY(!report->isVisible());
+    QFile source(session.out.filePath("timer.c"));
+    QVERIFY(source.open(QIODevice::ReadOnly));
+    QVERIFY(source.readAll().contains("timer_ra_isr"));
   }
 
   void theControlKeyMovesTheFocus() {
