@@ -204,7 +204,9 @@ void PanelView::Redraw() {
           // Keep the caret where the user types: only a different text is put in.
           if (box->currentText() != text) box->setEditText(text);
           if (p < widgets.units.size()) {
-            widgets.units[p]->setText(ToQt(control.unitText));
+            // A pair of fields has a text of its own beside each field.
+            const bool pair = control.parts.size() > 1 && control.texts.size() > 1 + p;
+            widgets.units[p]->setText(ToQt(pair ? control.texts[1 + p] : control.unitText));
             widgets.units[p]->setVisible(model.visible);
             widgets.units[p]->setEnabled(model.enabled);
           }

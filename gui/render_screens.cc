@@ -13,6 +13,7 @@
 #include "error_report_window.h"
 #include "gui_host.h"
 #include "main_window.h"
+#include "pages/page_flow.h"
 #include "pages/peripheral_page.h"
 #include "pages/selection_page.h"
 #include "panels/framework/peripheral_panel.h"
@@ -59,43 +60,38 @@ int main(int argc, char** argv) {
   if (application.StartUp() != tessara::Application::StartResult::kRunning) return 1;
   tessara::MainWindow window(application, host);
   host.SetParent(&window);
-  window.resize(1000, 720);
+  window.resize(1100, 720);
   window.show();
   window.Start();
 
-  // The KB chip with its clock, then its wake-up pins in use.
+  // The KB chip with its clock.
   tessara::SelectionPage& selection = window.Selection();
   selection.ChooseSeries(IndexOf(selection.SeriesBox(), "KB"));
   selection.ChoosePart(1);
   window.SelectionView()->Redraw();
   bool ok = Save(&window, out.filePath("selection-page.png"));
 
+  // Timer RA of the first group, in use, with a time that is not in its list.
+  selection.ChooseSeries(0);
+  window.SelectionView()->Redraw();
   window.Next();
   tessara::PeripheralPage& page = window.Peripherals();
   for (int row = 0; row < static_cast<int>(page.ListItems().size()); ++row) {
-    if (page.ListItems()[static_cast<std::size_t>(row)] == "WKP") {
+    if (page.ListItems()[static_cast<std::size_t>(row)] == "Timer RA") {
       window.PeripheralView()->PeripheralList()->setCurrentRow(row);
     }
   }
-  if (tessara::PeripheralPanel* wkp = page.ShownPanel()) {
-    wkp->ChooseOption("Radiobox_1", 1);
-    wkp->ChooseOption("Radiobox_3", 1);
+  if (tessara::PeripheralPanel* timer = page.ShownPanel()) {
+    timer->ChooseOption("Radiobox_1", 1);
+    timer->ChooseOption("Radiobox_8", 1);
+    timer->EditFieldText("ComboEditbox_1", 0, "7");
   }
   window.PeripheralView()->Redraw();
   ok = Save(&window, out.filePath("peripheral-page.png")) && ok;
 
-  // An error report as a failed Generate lists it.
-  tessara::ErrorReport report;
-  std::vector<std::string> first(tessara::kErrorTableCells), second(tessara::kErrorTableCells);
-  first[2] = "E0101";
-  first[3] = "Timer period below the minimum'for the selected count source";
-  first[4] = "Enter a longer period or choose a faster count source.";
-  second[2] = "E0203";
-  second[3] = "Bit rate field is empty";
-  second[4] = "Type a bit rate or pick one from the list.";
-  report.rows = {first, second};
-  window.ShowErrorReport(report);
-  ok = Save(window.ErrorWindow(), out.filePath("error-report.png")) && ok;
+  // The report of that bad time, as Generate shows it.
+  if (!window.Flow().CollectErrors()) window.ShowErrorReport(window.Flow().Report());
+  if (window.ErrorWindow() != nullptr) ok = Save(window.ErrorWindow(), out.filePath("error-report.png")) && ok;
   window.CloseErrorReport();
   return ok ? 0 : 1;
 }
