@@ -1,5 +1,7 @@
 #include "cli_host.h"
 
+#include "idelink/ide_link.h"
+
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -43,7 +45,15 @@ Host::ResetWarningAnswer CliHost::AskResetWarning(const std::string& text) {
 
 bool CliHost::AskInvokeIde(const std::string& text) {
   MessageBox(text);
-  return false;
+  return projectAnswers_.invokeIde;
+}
+
+bool CliHost::RunProjectDetectedDialog(ProjectDetectedDialogModel& dialog) {
+  if (!projectAnswers_.acceptProject) return false;
+  if (!projectAnswers_.projectPath.empty()) dialog.PathText = projectAnswers_.projectPath;
+  // OK refuses an empty path with its message; a script cannot type again, so that
+  // counts as Cancel.
+  return dialog.Ok(*this);
 }
 
 }  // namespace tessara

@@ -20,8 +20,19 @@ class CliHost : public Host {
 
   void SetResetWarningAnswer(ResetWarningAnswer answer) { resetAnswer_ = answer; }
 
+  // How a script answers the dialogs of project mode: "Invoke ORV" or Cancel, and OK
+  // (with a typed path, if any) or Cancel in the project dialog.
+  struct ProjectAnswers {
+    bool invokeIde = false;
+    bool acceptProject = true;
+    std::string projectPath;
+  };
+  void SetProjectAnswers(ProjectAnswers answers) { projectAnswers_ = std::move(answers); }
+  bool RunProjectDetectedDialog(ProjectDetectedDialogModel& dialog) override;
+
  private:
   ResetWarningAnswer resetAnswer_{true, false};
+  ProjectAnswers projectAnswers_;
 };
 
 }  // namespace tessara

@@ -62,6 +62,7 @@ const std::vector<ScriptRunner::Command>& ScriptRunner::Commands() {
       {"errors", 0, 0, &ScriptRunner::PrintErrors},
       {"save", 1, 1, &ScriptRunner::Save},
       {"generate", 1, 2, &ScriptRunner::Generate},
+      {"insert", 0, 2, &ScriptRunner::Insert},
   };
   return commands;
 }
@@ -324,6 +325,26 @@ ScriptRunner::Outcome ScriptRunner::Generate(const Words& words) {
   std::string path = JoinPath(folder, name);
   if (flow_.GenerateInFolder(path, name) != PageFlow::GenerateResult::kWritten) {
     return EndWith(kStatusFileError);
+  }
+  return Outcome();
+}
+
+ScriptRunner::Outcome ScriptRunner::Insert(const Words& words) {
+  if (!flow_.OnPeripheralPage()) return NeedPeripheralPage("insert");
+  CliHost::ProjectAnswers answers;
+  for (std::size_t i = 1; i < words.size(); ++i) {
+    if (EqualsNoCase(words[i], "invoke")) {
+      answers.invokeIde = true;
+    } else if (EqualsNoCase(words[i], "cancel")) {
+      answers.acceptProject = false;
+    } else {
+      answers.projectPath = words[i];
+    }
+  }
+  host_.SetProjectAnswers(answers);
+  if (flow_.GenerateInProject() == PageFlow::GenerateResult::kInvalid) {
+    PrintReport();
+    return EndWith(kStatusInvalid);
   }
   return Outcome();
 }

@@ -64,6 +64,7 @@ class ScriptRunner {
   Outcome PrintErrors(const Words& words);
   Outcome Save(const Words& words);
   Outcome Generate(const Words& words);
+  Outcome Insert(const Words& words);
 
   // The panel that the control commands reach, or a failure.
   PeripheralPanel* OpenPanel(Outcome& outcome);

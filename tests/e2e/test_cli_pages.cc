@@ -106,5 +106,19 @@ TEST_F(CliPagesTest, DamagedAndMissingProjects) {
   EXPECT_EQ(script.status, 4);
 }
 
+TEST_F(CliPagesTest, ProjectModeWithoutADevelopmentEnvironmentEndsInItsMessage) {
+  CliResult result = Run(TimerRaScript("1") + "insert invoke\nrows\n");
+  EXPECT_EQ(result.status, 0) << result.err;
+  EXPECT_EQ(result.err,
+            "Tessara was not able to detect any open workspace. \n\nPlease ensure that the following settings "
+            "have been made: \n\n1. In the ORV directory, the batch file REGISTERSERVER.bat has been executed "
+            "previously\n\n2. EcxOrvTargetServer.dll has been registered within ORV\n\n3. An active ORV "
+            "workspace is now open\n\n\n");
+  EXPECT_NE(result.out.find("tra=249"), std::string::npos) << "the run goes on";
+  result = Run(TimerRaScript("0.5") + "insert\n");
+  EXPECT_EQ(result.status, 3) << "the gate comes first";
+  EXPECT_EQ(result.out.rfind("E0801\t", 0), 0u);
+}
+
 }  // namespace
 }  // namespace tessara
