@@ -92,31 +92,26 @@ ScriptRunner::Outcome ScriptRunner::Quit(const Words&) {
   return outcome;
 }
 
-ScriptRunner::Outcome ScriptRunner::ChooseSeries(const Words& words) {
-  if (flow_.OnPeripheralPage()) return Failure("series acts on the selection page, which is not open");
+ScriptRunner::Outcome ScriptRunner::ChooseInBox(const Words& words, const ControlModel& box,
+                                               const char* boxName, bool (SelectionPage::*choose)(int)) {
+  if (flow_.OnPeripheralPage()) return Failure(words[0] + " acts on the selection page, which is not open");
   std::string reason;
-  int position = ResolveItemArgument(words[1], flow_.Selection().SeriesBox().items, "the series box", reason);
+  int position = ResolveItemArgument(words[1], box.items, boxName, reason);
   if (position < 0) return Failure(reason);
-  flow_.Selection().ChooseSeries(position);
+  (flow_.Selection().*choose)(position);
   return Outcome();
+}
+
+ScriptRunner::Outcome ScriptRunner::ChooseSeries(const Words& words) {
+  return ChooseInBox(words, flow_.Selection().SeriesBox(), "the series box", &SelectionPage::ChooseSeries);
 }
 
 ScriptRunner::Outcome ScriptRunner::ChooseGroup(const Words& words) {
-  if (flow_.OnPeripheralPage()) return Failure("group acts on the selection page, which is not open");
-  std::string reason;
-  int position = ResolveItemArgument(words[1], flow_.Selection().GroupBox().items, "the group box", reason);
-  if (position < 0) return Failure(reason);
-  flow_.Selection().ChooseGroup(position);
-  return Outcome();
+  return ChooseInBox(words, flow_.Selection().GroupBox(), "the group box", &SelectionPage::ChooseGroup);
 }
 
 ScriptRunner::Outcome ScriptRunner::ChoosePart(const Words& words) {
-  if (flow_.OnPeripheralPage()) return Failure("part acts on the selection page, which is not open");
-  std::string reason;
-  int position = ResolveItemArgument(words[1], flow_.Selection().PartBox().items, "the part box", reason);
-  if (position < 0) return Failure(reason);
-  flow_.Selection().ChoosePart(position);
-  return Outcome();
+  return ChooseInBox(words, flow_.Selection().PartBox(), "the part box", &SelectionPage::ChoosePart);
 }
 
 ScriptRunner::Outcome ScriptRunner::Load(const Words& words) {

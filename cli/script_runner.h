@@ -46,6 +46,9 @@ class ScriptRunner {
   static const std::vector<Command>& Commands();
 
   Outcome Quit(const Words& words);
+  // Selects the position an argument names in one of the first page's boxes.
+  Outcome ChooseInBox(const Words& words, const ControlModel& box, const char* boxName,
+                      bool (SelectionPage::*choose)(int));
   Outcome ChooseSeries(const Words& words);
   Outcome ChooseGroup(const Words& words);
   Outcome ChoosePart(const Words& words);

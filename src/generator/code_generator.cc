@@ -291,8 +291,10 @@ std::string CodeGenerator::BuildClockText() {
                 (clock2 && statement.find("cm04=1") != std::string::npos);
     if (loop) AppendCodeLine(kClockLoop, " ", following);
   };
-  AppendParameterRows({&clock->MutableParameterRows(), &clock->MutableParameterComments(), nullptr,
-                       clock->ParameterSort(), 15},
+  // The clock panels keep rows that other panels read ("clk", "oscdiv", "PLL") but that
+  // no active key names: those are figures, not statements, and stay out of the code.
+  AppendParameterRows({&clock->MutableParameterRows(), &clock->MutableParameterComments(),
+                       &clock->ActiveKeys(), clock->ParameterSort(), 15},
                       text, rule);
   std::string extra;
   clock->EmitExtraCode(extra);

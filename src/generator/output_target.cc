@@ -43,24 +43,7 @@ std::string RegisterHeaderNameFor(const std::string& group, bool kbFamily) {
 }
 
 int WriteGeneratedFile(Host& host, const std::string& path, const std::string& text) {
-  std::string crlf;
-  crlf.reserve(text.size() + text.size() / 16);
-  for (char c : text) {
-    if (c == '\n') crlf.push_back('\r');
-    crlf.push_back(c);
-  }
-  const std::string temporary = path + ".tessara~";
-  bool written = false;
-  {
-    std::ofstream out(temporary, std::ios::binary | std::ios::trunc);
-    if (out) {
-      out.write(crlf.data(), static_cast<std::streamsize>(crlf.size()));
-      out.flush();
-      written = static_cast<bool>(out);
-    }
-  }
-  if (written && std::rename(temporary.c_str(), path.c_str()) == 0) return 0;
-  std::remove(temporary.c_str());
+  if (WriteTextFileReplacing(path, text)) return 0;
   host.MessageBox(FormatC("Error opening file: \"%s\"", path.c_str()));
   return 1;
 }

@@ -59,25 +59,8 @@ std::string ProjectBody(const PeripheralPage& page, BoxPositions boxes, const Pe
 std::string ProjectFileText(const std::string& body) { return ProjectChecksumLine(body) + "\n" + body; }
 
 bool WriteProjectFile(Host& host, const std::string& path, const std::string& fileText) {
-  std::string onDisk;
-  onDisk.reserve(fileText.size() + fileText.size() / 8);
-  for (char c : fileText) {
-    if (c == '\n') onDisk.push_back('\r');
-    onDisk.push_back(c);
-  }
   // A save that fails halfway must not destroy the file that was there.
-  const std::string temporary = path + ".tessara~";
-  bool written = false;
-  {
-    std::ofstream out(temporary, std::ios::binary | std::ios::trunc);
-    if (out) {
-      out.write(onDisk.data(), static_cast<std::streamsize>(onDisk.size()));
-      out.flush();
-      written = static_cast<bool>(out);
-    }
-  }
-  if (written && std::rename(temporary.c_str(), path.c_str()) == 0) return true;
-  std::remove(temporary.c_str());
+  if (WriteTextFileReplacing(path, fileText)) return true;
   host.MessageBox("Unable to open file!");
   return false;
 }

@@ -39,7 +39,7 @@ TEST_F(AecPanelTest, LoadsItsSampleSection) {
   EXPECT_EQ(panel.PeripheralName(), "AEC");
   EXPECT_EQ(panel.FindControl("Radiobox_1")->Caption(), "Event Counter");
   EXPECT_EQ(panel.FindControl("Radiobox_4")->parts[1].text, "16 bits");
-  EXPECT_EQ(panel.PeripheralHeading(), "/* Asynchronous event counter */;/* AEC settings */");
+  EXPECT_EQ(panel.PeripheralHeading(), "//**************************************;// AEC setting: asynchronous event counter;//**************************************");
   EXPECT_EQ(panel.FileFunction(), "void AecStart(void) { }");
   EXPECT_EQ(panel.FindControl("Radiobox_1")->CheckedPart(), 0);
   EXPECT_EQ(ListedRows(), std::vector<std::string>{"AEC.ECCR.BIT.ECPWME=0"});
@@ -65,7 +65,7 @@ TEST_F(AecPanelTest, RisingEdgeRulesOutTheLongCounterAndHasTheLastWord) {
   EXPECT_EQ(length.CheckedPart(), 0);
   EXPECT_FALSE(length.parts[1].enabled);
   EXPECT_EQ(ListedRows(), std::vector<std::string>{"AEC.ECCR.BIT.ECPWME=1"});
-  EXPECT_EQ(group.list.Rows()[0].comment, "Count on rising edge");
+  EXPECT_EQ(group.list.Rows()[0].comment, "//Count on rising edge");
   // Group 1's mask enables the option again, group 2's re-run disables it once more.
   panel.ChooseOption("Radiobox_1", 1);
   EXPECT_FALSE(panel.FindControl("Radiobox_4")->parts[1].enabled);

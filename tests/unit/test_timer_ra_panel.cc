@@ -520,3 +520,19 @@ TEST(TimerRaEmission, OnlyTheKindsKeysAreRead) {
 
 }  // namespace
 }  // namespace tessara
+
+namespace tessara {
+namespace {
+
+TEST(TimerRaLinks, GroupTwoLinksItsParameterLikeEveryGroupButTheFirst) {
+  Bench bench(ClockAt("20000000"));
+  ASSERT_TRUE(bench.panel.ChooseOption("Radiobox_2", 1));
+  const std::vector<std::string>& links = bench.panel.InitialValueLinks();
+  EXPECT_NE(std::find(links.begin(), links.end(), "Out=out"), links.end());
+  bool shown = false;
+  for (const ParameterList::Row& row : bench.list.Rows()) shown = shown || row.parameter == "out=1";
+  EXPECT_TRUE(shown);
+}
+
+}  // namespace
+}  // namespace tessara

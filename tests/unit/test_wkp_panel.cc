@@ -40,7 +40,7 @@ TEST_F(WkpPanelTest, LoadsItsSampleSection) {
 TEST_F(WkpPanelTest, GroupOneWritesItsOwnRowAndStillLeavesGroupNineAlone) {
   ASSERT_TRUE(panel.ChooseOption("Radiobox_1", 1));
   EXPECT_EQ(panel.ParameterRows()[6], "WKP.WKPCR.BIT.WKPE=1");
-  EXPECT_EQ(panel.ParameterComments()[6], "Wake-up interrupt used");
+  EXPECT_EQ(panel.ParameterComments()[6], "//Wake-up interrupt used");
   EXPECT_FALSE(panel.FindControl("Radiobox_9")->parts[1].enabled);
   EXPECT_FALSE(panel.ChooseOption("Radiobox_9", 1));
   ASSERT_TRUE(panel.ChooseOption("Radiobox_3", 1));

@@ -81,7 +81,9 @@ constexpr std::array<KindLayoutText, kPanelKindCount> kLayoutTexts{{
      "Combobox 5: C 0-3; L 4,7,10,13,16,19,22,25 / ComboEditbox 1: C 0; L 1; A 7 / "
      "ComboEditbox 2: C 0-1; L 2-9; A 15 / ComboEditbox 3: C 0-4; L 5-12; A 23-24"},
     {PanelKind::kTimerRA,
-     "Radiobox 1: C 0-2; A 12 / Radiobox 2,5: C 0-1 / Radiobox 3,4,6,7,8: C 0-2; L 3 / "
+     // The Timer RA panel links every group but the first to its cell 3, groups 2 and 5
+     // included: the panel's own rule holds over the general table here.
+     "Radiobox 1: C 0-2; A 12 / Radiobox 2,5: C 0-1; L 3 / Radiobox 3,4,6,7,8: C 0-2; L 3 / "
      "ComboEditbox 1: C 0-1; L 2-3; A 11 / ComboEditbox 2: C 0-2; L 3-4; A 19-20 / "
      "Combobox 1: C 0; I 1-5; L 6; A 17 / Combobox 2: C 0,2; I 1-8; L 6,9; A 22,34 / "
      "Combobox 3,4,5: C 0; I 1-4; L 5; A 14"},
