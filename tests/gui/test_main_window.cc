@@ -107,7 +107,7 @@ class TestMainWindow : public QObject {
 
     ParameterListView* list = page->ParameterListWidget();
     QCOMPARE(list->item(0, 0)->text(), QString("WKP.WEGR.BIT.WKEGS0=1"));
-    QCOMPARE(list->item(0, 1)->text(), QString("WKP0 on rising edge"));
+    QCOMPARE(list->item(0, 1)->text(), QString("//WKP0 on rising edge"));
     QCOMPARE(RowColour(list, 0), kFocusBlue);
     QCOMPARE(RowColour(list, 1), kWhite);
     // A click below the last row takes the mark away.
