@@ -6,6 +6,7 @@
 #include "panels/analog/adc_panel.h"
 #include "panels/analog/aec_panel.h"
 #include "panels/analog/wkp_panel.h"
+#include "panels/serial/uart2_panel.h"
 #include "panels/timers/timer_ra_panel.h"
 
 namespace tessara {
@@ -19,6 +20,7 @@ std::unique_ptr<PeripheralPanel> CreatePeripheralPanel(PanelKind kind) {
     case PanelKind::kAEC: return std::make_unique<AECPanel>();
     case PanelKind::kWKP: return std::make_unique<WKPPanel>();
     case PanelKind::kTimerRA: return std::make_unique<TimerRAPanel>();
+    case PanelKind::kUART2: return std::make_unique<UART2Panel>();
     default: return nullptr;
   }
 }
