@@ -2,6 +2,9 @@
 
 #include "panels/analog/aec_panel.h"
 #include "panels/analog/wkp_panel.h"
+#include "panels/system/interrupt_panel.h"
+#include "panels/system/key_input_panel.h"
+#include "panels/system/port_panel.h"
 #include "panels/timers/timer_ra_panel.h"
 
 namespace tessara {
@@ -10,6 +13,9 @@ std::unique_ptr<PeripheralPanel> CreatePeripheralPanel(PanelKind kind) {
   switch (kind) {
     case PanelKind::kAEC: return std::make_unique<AECPanel>();
     case PanelKind::kWKP: return std::make_unique<WKPPanel>();
+    case PanelKind::kPort: return std::make_unique<PortPanel>();
+    case PanelKind::kInterrupt: return std::make_unique<InterruptPanel>();
+    case PanelKind::kKeyInput: return std::make_unique<KeyInputPanel>();
     case PanelKind::kTimerRA: return std::make_unique<TimerRAPanel>();
     default: return nullptr;
   }

@@ -84,7 +84,7 @@ PeripheralPanel::PeripheralPanel(PanelKind kind, std::vector<ControlSpec> contro
     control.kind = spec.kind;
     control.key = spec.key;
     int parts = spec.parts < 1 ? 1 : spec.parts;
-    if (spec.kind == ControlKind::kRadioGroup && parts < 2) parts = 2;
+    if (spec.kind == ControlKind::kRadioGroup && parts < 2 && !spec.singleOption) parts = 2;
     control.parts.resize(static_cast<std::size_t>(parts));
     for (ControlModel& part : control.parts) part.editable = spec.kind == ControlKind::kComboEditbox;
     controls_.push_back(std::move(control));
@@ -238,10 +238,12 @@ void PeripheralPanel::RefreshParameters(std::string_view changedName) {
   if (refreshGuard_ != 0) return;
   ParameterList* list = List();
   if (list != nullptr) list->DeleteAllRows();
-  BuildActiveKeys();
-  ResolveLinks();
+  if (!behaviour_.showAllRows) {
+    BuildActiveKeys();
+    ResolveLinks();
+  }
   ShowRows(list);
-  AddExtraSettingsRows(list);
+  if (behaviour_.extraSettingsRows) AddExtraSettingsRows(list);
   MarkChangedRow(list, changedName);
 }
 
@@ -278,6 +280,12 @@ void PeripheralPanel::ResolveLinks() {
 
 void PeripheralPanel::ShowRows(ParameterList* list) {
   if (list == nullptr) return;
+  if (behaviour_.showAllRows) {
+    for (std::size_t j = 0; j < parameterRows_.size(); ++j) {
+      if (!parameterRows_[j].empty()) list->AppendRow(parameterRows_[j], parameterComments_[j]);
+    }
+    return;
+  }
   for (const std::string& key : activeKeys_) {
     if (key.empty()) continue;
     for (std::size_t j = 0; j < parameterRows_.size(); ++j) {
@@ -579,9 +587,13 @@ bool PeripheralPanel::ChooseOption(std::string_view key, int option) {
   }
   const ControlModel& part = group.parts[static_cast<std::size_t>(option)];
   if (!part.enabled || !part.visible) return false;
-  group.CheckOption(option);
-  RunHandler(index);
+  OnOptionClick(index, option);
   return true;
+}
+
+void PeripheralPanel::OnOptionClick(int control, int option) {
+  controls_.at(static_cast<std::size_t>(control)).CheckOption(option);
+  RunHandler(control);
 }
 
 bool PeripheralPanel::ChooseItem(std::string_view key, int itemIndex, int field) {
@@ -693,6 +705,9 @@ void PeripheralPanel::SaveState(std::string& text) const {
         text += FormatC("%d %d ", part.checked ? 1 : 0,
                         control.parts.size() > 1 && control.parts[1].checked ? 1 : 0);
         break;
+      case SavedForm::kAllOptions:
+        for (const ControlModel& option : control.parts) text += FormatC("%d ", option.checked ? 1 : 0);
+        break;
       case SavedForm::kIndex: text += FormatC("%d ", part.selection); break;
       case SavedForm::kText: text += part.text + " "; break;
     }
@@ -728,6 +743,10 @@ void PeripheralPanel::LoadState(const std::string& projectText) {
         RunHandler(c);
         break;
       }
+      case SavedForm::kAllOptions:
+        for (ControlModel& option : control.parts) option.checked = NextInteger(rest) != 0;
+        RunHandler(c);
+        break;
       case SavedForm::kIndex:
         part.Select(NextInteger(rest));
         if (control.kind == ControlKind::kComboEditbox) {

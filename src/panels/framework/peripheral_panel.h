@@ -34,6 +34,8 @@ struct ControlSpec {
   int enableDigitsCell = -1;
   FieldClass fieldClass = FieldClass::kNone;  // ComboEditbox fields
   int itemCount = 0;  // Combobox: items of the usual row layout, for its item cells
+  // A RadioGroup that is one option button of its own (a pair made of two keys).
+  bool singleOption = false;
 };
 
 // Mask places for both options of each named group, in order.
@@ -46,6 +48,10 @@ struct PanelBehaviour {
   bool checkedOptionMustBeEnabled = false;
   bool refreshGuard = false;  // RefreshParameters waits while a mask re-runs handlers
   MaskVariant maskVariant = MaskVariant::kStandard;
+  // Every non-empty slot is a row of the list and of the code: the kinds whose rows
+  // hold whole register bytes keep no ActiveKeys.
+  bool showAllRows = false;
+  bool extraSettingsRows = true;  // the refresh lists the rows of the popup
 };
 
 // One tooltip text and the control it goes to; part -1 is all parts of the control.
@@ -72,9 +78,9 @@ struct ErrorFieldName {
 };
 
 // One value of a panel's save line. A RadioGroup gives the check states of its first
-// two options; a list index is a Combobox's selection or that of a ComboEditbox field;
+// two options (kOptions) or of all its options (kAllOptions); a list index is a Combobox's selection or that of a ComboEditbox field;
 // a field text is written as it stands, followed by a blank.
-enum class SavedForm { kOptions, kIndex, kText };
+enum class SavedForm { kOptions, kAllOptions, kIndex, kText };
 
 struct SavedValue {
   int control = 0;
@@ -139,6 +145,10 @@ class PeripheralPanel {
   bool EditFieldText(std::string_view key, int field, std::string text);
   bool CloseDropDown(std::string_view key, int field);
   bool ToggleCheckbox(std::string_view key, int box, bool checked);
+
+  // Sets the check marks that a click on `option` gives and runs the handler; kinds
+  // whose groups hold more than one pair of options decide what a click clears.
+  virtual void OnOptionClick(int control, int option);
 
   // Runs a control's handler by name, as masks and LoadState do.
   void RunHandler(int control);
