@@ -95,37 +95,45 @@ TEST_F(QtlPort0Test, EveryPinChangesItsOwnBitOfTheOneRow) {
   EXPECT_EQ(group.list.Rows()[0].comment, "//P0_7 output");
 }
 
-TEST_F(QtlPort0Test, SwitchesWriteTheirFixedSlots) {
-  ASSERT_TRUE(panel.ToggleCheckbox("Checkbox_2", 0, true));
-  ASSERT_TRUE(panel.ToggleCheckbox("Checkbox_1", 0, true));
-  EXPECT_EQ(panel.ParameterRows()[2], "pu00=1");
-  EXPECT_EQ(panel.ParameterComments()[2], "//Pull-up on P0_0 to P0_3");
-  EXPECT_EQ(panel.ParameterRows()[3], "pu01=1");
-  panel.ToggleCheckbox("Checkbox_1", 0, false);
-  EXPECT_EQ(panel.ParameterRows()[2], "pu00=0");
-}
-
 TEST_F(QtlPort0Test, SaveLineHoldsThirtySixIntegersAndReplaysToTheSameBytes) {
   panel.ChooseOption("Radiobox_1", kOutput);
   panel.ChooseOption("Radiobox_1", kHighDrive);
   panel.ChooseOption("Radiobox_3", kOutput);
-  panel.ToggleCheckbox("Checkbox_1", 0, true);
   std::string line = panel.SaveTag();
   panel.SaveState(line);
   std::string untouched;
   for (int pin = 0; pin < 5; ++pin) untouched += "1 0 1 0 ";
-  EXPECT_EQ(line, "Port0:0 1 0 1 1 0 1 0 0 1 1 0 " + untouched + "1 0 0 -1   \n");
+  EXPECT_EQ(line, "Port0:0 1 0 1 1 0 1 0 0 1 1 0 " + untouched + "0 0 0 -1   \n");
 
   PortPanel restored;
   restored.SetContext(&group.context);
   restored.LoadSection();
   restored.LoadState("Port1:1 0 1 0 \n" + line);
-  // The replay runs the second switch's handler too, which writes its unchecked row.
-  EXPECT_EQ(Rows(restored), (std::vector<std::string>{"pd0=0x05", "drr=0x01", "pu00=1", "pu01=0"}));
-  EXPECT_EQ(restored.ParameterComments()[0], panel.ParameterComments()[0]);
-  EXPECT_EQ(restored.ParameterComments()[1], panel.ParameterComments()[1]);
+  EXPECT_EQ(Rows(restored), (std::vector<std::string>{"pd0=0x05", "drr=0x01"}));
+  EXPECT_EQ(restored.ParameterRows(), panel.ParameterRows());
+  EXPECT_EQ(restored.ParameterComments(), panel.ParameterComments());
   EXPECT_EQ(restored.PinDrive(0), 1);
   EXPECT_TRUE(restored.FindControl("Radiobox_3")->parts[kOutput].checked);
+}
+
+TEST_F(PortPanelTest, SwitchesWriteTheirFixedSlotsAndAllOfThemAreReplayed) {
+  SampleGroup group{"Port 1", "QTL4C.ini"};
+  PortPanel panel;
+  Load(group, panel);
+  ASSERT_TRUE(panel.ToggleCheckbox("Checkbox_2", 0, true));
+  EXPECT_EQ(panel.ParameterRows()[3], "pu03=1");
+  EXPECT_EQ(panel.ParameterComments()[3], "//Pull-up on P1_4 to P1_7");
+  EXPECT_EQ(panel.ParameterRows()[2], "");
+  std::string line = panel.SaveTag();
+  panel.SaveState(line);
+
+  PortPanel restored;
+  restored.SetContext(&group.context);
+  restored.LoadSection();
+  restored.LoadState(line);
+  // The replay runs the first switch's handler as well, which writes its unchecked row.
+  EXPECT_EQ(restored.ParameterRows()[2], "pu02=0");
+  EXPECT_EQ(restored.ParameterRows()[3], "pu03=1");
 }
 
 TEST_F(PortPanelTest, TheLastSwitchAndTheListAreSavedButNotReadBackInThisGroup) {
@@ -142,15 +150,14 @@ TEST_F(PortPanelTest, TheLastSwitchAndTheListAreSavedButNotReadBackInThisGroup) 
   EXPECT_EQ(panel.ParameterComments()[2], "//P1 as analog input");
 
   panel.ToggleCheckbox("Checkbox_3", 0, true);
+  group.context.instance = 1;
   std::string line = panel.SaveTag();
   panel.SaveState(line);
-  group.context.instance = 1;
-  std::string line1 = "Port1:";
-  panel.SaveState(line1);
+  EXPECT_EQ(line.substr(line.size() - 11), "0 0 1 2   \n");
   PortPanel restored;
   restored.SetContext(&group.context);
   restored.LoadSection();
-  restored.LoadState(line1);
+  restored.LoadState(line);
   EXPECT_FALSE(restored.FindControl("Checkbox_3")->parts[0].checked);
   EXPECT_EQ(restored.ParameterRows()[4], "");
   EXPECT_EQ(restored.FindControl("Combobox_1")->parts[0].selection, 0);
