@@ -28,24 +28,42 @@ int Application::DataFileCount() const {
 
 int Application::VerifyDataFiles(VerifyMode mode) {
   const std::string iniPath = ProgramIniPath();
+  // The ini is read once. Writing mode changes it between its reads, so there every key
+  // is read from the file as it stands at that moment.
+  std::string iniText;
+  const bool iniReadable = ReadWholeFile(iniPath, iniText);
+  IniText ini(std::move(iniText));
   const bool writing =
       mode == VerifyMode::kWrite ||
       (mode == VerifyMode::kFromIni &&
-       EqualsNoCase(ReadProfileString("Database_File", "Debug", "", iniPath), "create_checksum"));
+       EqualsNoCase(iniReadable ? ini.Read("Database_File", "Debug", "") : "", "create_checksum"));
+  auto read = [&](const std::string& key, std::size_t bufferSize) {
+    if (writing) return ReadProfileString("Database_File", key, "", iniPath, bufferSize);
+    return iniReadable ? ini.Read("Database_File", key, "", bufferSize) : std::string();
+  };
+  std::string content;  // one buffer for every file's text
   int slot = 1;
   for (; slot <= kMaxDataFiles; ++slot) {
     const std::string key = "File" + std::to_string(slot);
-    std::string name = ReadProfileString("Database_File", key, "", iniPath, kDataFileNameBuffer);
+    std::string name = read(key, kDataFileNameBuffer);
     if (name.empty()) break;
     DataFileName[static_cast<std::size_t>(slot)] = name;
-    std::uint32_t expected = ChecksumFromIni(ReadProfileString("Database_File", key + "_Checksum", "", iniPath));
+    std::uint32_t expected = ChecksumFromIni(read(key + "_Checksum", kProfileBufferSize));
 
-    LocatedFile located = LocateDataFile(name);
-    if (located.path.empty()) {
-      host_.MessageBox(DataFileMissingText(name));
-      host_.Exit(1);
+    // A file that reads in "IO Files" is the one the look would find there, and its sum
+    // is that of its text; any other case looks and sums as a fresh start would.
+    LocatedFile located = DataFileInIoFolder(name);
+    std::uint16_t sum = 0;
+    if (ReadWholeFile(located.path, content)) {
+      sum = TextChecksum(content);
+    } else {
+      located = LocateDataFile(name);
+      if (located.path.empty()) {
+        host_.MessageBox(DataFileMissingText(name));
+        host_.Exit(1);
+      }
+      sum = FileChecksum(host_, located.path);
     }
-    std::uint16_t sum = FileChecksum(host_, located.path);
     DataFileChecksum[static_cast<std::size_t>(slot)] = sum;
 
     if (writing) {

@@ -80,6 +80,98 @@ std::string ReadProfileStringFromText(const std::string& fileText, const std::st
   return fallback;
 }
 
+namespace {
+
+// FNV-1a over the lower-case bytes, so that names equal without regard to case hash alike.
+std::uint64_t NoCaseHash(std::string_view text) {
+  std::uint64_t hash = 14695981039346656037ull;
+  for (char c : text) {
+    hash ^= static_cast<unsigned char>(ToLowerAscii(c));
+    hash *= 1099511628211ull;
+  }
+  return hash;
+}
+
+// The line at `position` of `text`, moving `position` behind its line feed.
+bool NextLine(const std::string& text, std::size_t& position, std::string_view& line) {
+  if (position >= text.size()) return false;
+  std::size_t end = text.find('\n', position);
+  if (end == std::string::npos) end = text.size();
+  line = std::string_view(text).substr(position, end - position);
+  position = end + 1;
+  return true;
+}
+
+}  // namespace
+
+void IniText::ScanNextSection() {
+  std::string_view line, name;
+  if (headerPending_) {
+    NextLine(text_, position_, line);
+    headerPending_ = false;
+  } else {
+    // Lines ahead of the first header belong to no section.
+    do {
+      if (!NextLine(text_, position_, line)) return;
+    } while (!SectionHeader(line, name));
+  }
+  SectionHeader(line, name);
+  Section section{name, {}};
+  for (std::size_t lineStart = position_; NextLine(text_, position_, line); lineStart = position_) {
+    std::string_view next;
+    if (SectionHeader(line, next)) {
+      position_ = lineStart;
+      headerPending_ = true;
+      section.closed = true;
+      break;
+    }
+    std::string_view key, value;
+    if (KeyOf(line, key, value)) section.entries.push_back({key, value});
+  }
+  sections_.push_back(std::move(section));
+}
+
+IniText::Section* IniText::Find(std::string_view name) {
+  for (Section& section : sections_) {
+    if (EqualsNoCase(section.name, name)) return &section;
+  }
+  while (headerPending_ || position_ < text_.size()) {
+    std::size_t before = sections_.size();
+    ScanNextSection();
+    if (sections_.size() == before) break;
+    if (EqualsNoCase(sections_.back().name, name)) return &sections_.back();
+  }
+  return nullptr;
+}
+
+bool IniText::HoldsWholeSection(const std::string& section) {
+  const Section* match = Find(Trim(section));
+  return match != nullptr && match->closed;
+}
+
+std::string IniText::Read(const std::string& section, const std::string& key,
+                          const std::string& fallback, std::size_t bufferSize, bool* found) {
+  if (found != nullptr) *found = false;
+  Section* match = Find(Trim(section));
+  if (match == nullptr) return fallback;
+  // Keys are told apart by a hash first: a data file's numbered keys are read one after
+  // the other, and each read walks the keys ahead of its own.
+  if (!match->hashed) {
+    for (Entry& entry : match->entries) entry.keyHash = NoCaseHash(entry.key);
+    match->hashed = true;
+  }
+  std::string_view wanted = Trim(key);
+  const std::uint64_t wantedHash = NoCaseHash(wanted);
+  for (const Entry& entry : match->entries) {
+    if (entry.keyHash == wantedHash && EqualsNoCase(entry.key, wanted)) {
+      if (found != nullptr) *found = true;
+      std::size_t limit = bufferSize == 0 ? 0 : bufferSize - 1;
+      return std::string(entry.value.substr(0, limit));
+    }
+  }
+  return fallback;
+}
+
 std::string ReadProfileString(const std::string& section, const std::string& key,
                               const std::string& fallback, const std::string& path,
                               std::size_t bufferSize, bool* found) {

@@ -2,7 +2,10 @@
 #define TESSARA_CORE_INI_H_
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace tessara {
 
@@ -24,6 +27,45 @@ std::string ReadProfileStringFromText(const std::string& fileText, const std::st
                                       const std::string& key, const std::string& fallback,
                                       std::size_t bufferSize = kProfileBufferSize,
                                       bool* found = nullptr);
+
+// An ini text read once and looked up many times, with the same results as
+// ReadProfileStringFromText. Lines are only looked at up to the end of the sections asked
+// for, so a data file's leading sections are found without walking its panel sections.
+class IniText {
+ public:
+  explicit IniText(std::string text) : text_(std::move(text)) {}
+  IniText(const IniText&) = delete;
+  IniText& operator=(const IniText&) = delete;
+
+  std::string Read(const std::string& section, const std::string& key, const std::string& fallback,
+                   std::size_t bufferSize = kProfileBufferSize, bool* found = nullptr);
+  const std::string& text() const { return text_; }
+  // Whether the text holds all of the first section of that name: a header line follows
+  // it. Read from a file's start only, such a section reads as in the whole file.
+  bool HoldsWholeSection(const std::string& section);
+
+ private:
+  struct Entry {
+    std::string_view key;    // trimmed
+    std::string_view value;  // trimmed
+    std::uint64_t keyHash = 0;  // of the key without regard to case, once looked up
+  };
+  struct Section {
+    std::string_view name;   // trimmed
+    std::vector<Entry> entries;
+    bool closed = false;  // by a following header
+    bool hashed = false;  // the entries' keyHash are set
+  };
+  Section* Find(std::string_view name);
+  // The first section of that name, scanning on from where the last search stopped.
+  // Reads the header at position_ and the key lines behind it, up to the next header.
+  void ScanNextSection();
+
+  std::string text_;
+  std::size_t position_ = 0;  // start of the first line not yet scanned
+  bool headerPending_ = false;  // the line at position_ is a header not yet scanned
+  std::vector<Section> sections_;
+};
 
 // Creates the file, the section or the key as needed; every other line stays as it
 // was. Returns false when the file cannot be written.

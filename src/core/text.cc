@@ -2,6 +2,7 @@
 
 #include <clocale>
 #include <algorithm>
+#include <functional>
 #include <cerrno>
 #include <cmath>
 #include <cstdarg>
@@ -9,7 +10,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <locale.h>
-#include <sstream>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -36,8 +37,6 @@ const char* const kErrorOpeningFormat = "Error opening file: \"%s\"";
 
 }  // namespace
 
-char ToLowerAscii(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
-char ToUpperAscii(char c) { return (c >= 'a' && c <= 'z') ? static_cast<char>(c - 'a' + 'A') : c; }
 
 std::string ToUpperAscii(std::string_view text) {
   std::string result(text);
@@ -141,8 +140,11 @@ std::string_view AsCString(const std::string& chunk) {
 
 void ReadSectionFromChunks(const std::vector<std::string>& chunks, const std::string& section,
                            std::string& out) {
+  // The name is a C string too: a NUL that a data file put into a configuration name
+  // ends it.
+  std::string_view name = AsCString(section);
   std::size_t i = 0;
-  while (i < chunks.size() && AsCString(chunks[i]).find(section) == std::string_view::npos) ++i;
+  while (i < chunks.size() && AsCString(chunks[i]).find(name) == std::string_view::npos) ++i;
   if (i == chunks.size()) return;
   for (++i; i < chunks.size(); ++i) {
     std::string_view chunk = AsCString(chunks[i]);
@@ -151,15 +153,139 @@ void ReadSectionFromChunks(const std::vector<std::string>& chunks, const std::st
   }
 }
 
+ChunkedText::ChunkedText(std::string_view fileContent) {
+  text_.reserve(fileContent.size());
+  const bool hasNul = fileContent.find('\0') != std::string_view::npos;
+  // Line by line: the CR of a CR LF is dropped, and a line longer than a chunk is cut
+  // into chunks of the chunk size, its line feed going with the last of them.
+  for (std::size_t start = 0; start < fileContent.size();) {
+    std::size_t feed = fileContent.find('\n', start);
+    const bool fed = feed != std::string_view::npos;
+    std::size_t end = fed ? feed : fileContent.size();
+    std::size_t contentEnd = (fed && end > start && fileContent[end - 1] == '\r') ? end - 1 : end;
+    const std::size_t lineBegin = text_.size();
+    text_.append(fileContent.substr(start, contentEnd - start));
+    if (fed) text_.push_back('\n');
+    for (std::size_t chunk = lineBegin; chunk < text_.size(); chunk += kChunkSize) {
+      const std::size_t chunkEnd = std::min(chunk + kChunkSize, text_.size());
+      std::size_t visibleEnd = chunkEnd;
+      if (hasNul) visibleEnd = std::min(chunkEnd, text_.find('\0', chunk));
+      starts_.push_back(chunk);
+      visibleEnds_.push_back(visibleEnd);
+    }
+    start = end + 1;
+  }
+}
+
+std::size_t ChunkedText::ChunkOf(std::size_t position) const {
+  return static_cast<std::size_t>(std::upper_bound(starts_.begin(), starts_.end(), position) - starts_.begin()) - 1;
+}
+
+bool ChunkedText::WithinOneChunk(std::size_t position, std::size_t length) const {
+  return position + length <= visibleEnds_[ChunkOf(position)];
+}
+
+std::size_t ChunkedText::FirstChunkWith(std::string_view name) const {
+  if (name.empty()) return 0;
+  const std::boyer_moore_horspool_searcher searcher(name.begin(), name.end());
+  for (auto from = text_.begin();;) {
+    auto match = std::search(from, text_.end(), searcher);
+    if (match == text_.end()) return ChunkCount();
+    std::size_t position = static_cast<std::size_t>(match - text_.begin());
+    if (WithinOneChunk(position, name.size())) return ChunkOf(position);
+    from = match + 1;
+  }
+}
+
+std::vector<std::size_t> ChunkedText::FirstChunksWith(const std::vector<std::string_view>& names) const {
+  std::vector<std::size_t> first(names.size(), ChunkCount());
+  if (names.empty()) return first;
+  // The names of one group's sections all end in "_" and the group's name. One pass over
+  // the places of that common ending finds every name: a name can only stand where its
+  // ending does, and the places come in file order, so the first fit of a name is in its
+  // first chunk. A short common ending would stand everywhere: then each name is looked
+  // for on its own.
+  std::size_t common = names[0].size();
+  for (std::string_view name : names) {
+    std::size_t same = 0;
+    while (same < common && same < name.size() &&
+           name[name.size() - 1 - same] == names[0][names[0].size() - 1 - same]) {
+      ++same;
+    }
+    common = same;
+  }
+  constexpr std::size_t kShortestUsefulEnding = 4;
+  if (common < kShortestUsefulEnding) {
+    for (std::size_t i = 0; i < names.size(); ++i) first[i] = FirstChunkWith(names[i]);
+    return first;
+  }
+  std::string_view ending = names[0].substr(names[0].size() - common);
+  const std::boyer_moore_horspool_searcher searcher(ending.begin(), ending.end());
+  std::size_t missing = names.size();
+  for (auto from = text_.begin(); missing > 0;) {
+    auto match = std::search(from, text_.end(), searcher);
+    if (match == text_.end()) break;
+    const std::size_t end = static_cast<std::size_t>(match - text_.begin()) + common;
+    const std::size_t chunk = ChunkOf(end - 1);
+    if (end <= visibleEnds_[chunk]) {
+      for (std::size_t i = 0; i < names.size(); ++i) {
+        const std::string_view name = names[i];
+        if (first[i] != ChunkCount() || name.size() > end - starts_[chunk]) continue;
+        if (std::string_view(text_).substr(end - name.size(), name.size()) == name) {
+          first[i] = chunk;
+          --missing;
+        }
+      }
+    }
+    from = match + 1;
+  }
+  return first;
+}
+
+void ChunkedText::AppendSectionBehind(std::size_t chunk, std::string& out) const {
+  std::size_t last = chunk + 1;
+  while (last < ChunkCount() && !(visibleEnds_[last] > starts_[last] && text_[starts_[last]] == '[')) ++last;
+  // Chunks lie end to end unless a NUL hid a chunk's tail: append each run of them whole.
+  std::size_t runStart = 0;
+  std::size_t runEnd = 0;
+  for (std::size_t i = chunk + 1; i < last; ++i) {
+    if (starts_[i] != runEnd) {
+      out.append(text_, runStart, runEnd - runStart);
+      runStart = starts_[i];
+    }
+    runEnd = visibleEnds_[i];
+  }
+  out.append(text_, runStart, runEnd - runStart);
+}
+
+void ChunkedText::ReadSection(const std::string& section, std::string& out) const {
+  std::size_t chunk = FirstChunkWith(AsCString(section));
+  if (chunk < ChunkCount()) AppendSectionBehind(chunk, out);
+}
+
+std::vector<std::string> ChunkedText::ReadSections(const std::vector<std::string>& sections) const {
+  std::vector<std::string_view> names;
+  names.reserve(sections.size());
+  for (const std::string& section : sections) names.push_back(AsCString(section));
+  std::vector<std::size_t> first = FirstChunksWith(names);
+  std::vector<std::string> texts(sections.size());
+  for (std::size_t i = 0; i < sections.size(); ++i) {
+    if (first[i] < ChunkCount()) AppendSectionBehind(first[i], texts[i]);
+  }
+  return texts;
+}
+
 namespace {
 
 // Reads a data file: a missing one ends the program, one that cannot be opened is told.
 bool ReadDataFile(Host& host, const std::string& path, std::string& content) {
-  if (!FileExists(path)) {
-    host.MessageBox(FormatC(kMissingFileFormat, path.c_str()));
-    host.Exit(1);
-  }
   if (!ReadWholeFile(path, content)) {
+    // Only a file that could not be read is looked at again, to tell a missing file
+    // (which ends the program) from one that cannot be opened.
+    if (!FileExists(path)) {
+      host.MessageBox(FormatC(kMissingFileFormat, path.c_str()));
+      host.Exit(1);
+    }
     host.MessageBox(FormatC(kErrorOpeningFormat, path.c_str()));
     return false;
   }
@@ -176,11 +302,66 @@ int ReadSectionText(Host& host, const std::string& section, std::string& out,
   return 0;
 }
 
-std::uint16_t TextChecksum(const std::string& fileContent) {
+namespace {
+
+// The sum of a text without a NUL: every byte as a signed number, less the CR of each
+// CR LF. Bytes are summed in blocks of 64 narrow lanes that cannot overflow within a
+// block, a shape the compiler turns into vector code; a start-up sums every data file.
+#if defined(__x86_64__) && (defined(__GNUC__) || defined(__clang__))
+// Wider vectors where the processor has them, chosen once when the program loads.
+__attribute__((target_clones("avx2", "default")))
+#endif
+std::uint32_t PlainTextSum(std::string_view content) {
+  const signed char* bytes = reinterpret_cast<const signed char*>(content.data());
+  const std::size_t size = content.size();
+  constexpr std::size_t kLanes = 64;
+  constexpr std::size_t kRounds = 255;  // 255 * 128 fits a 16-bit lane, 255 pairs a byte
   std::uint32_t total = 0;
-  for (const std::string& chunk : ReadTextChunks(fileContent)) {
-    for (char c : AsCString(chunk)) {
-      total += static_cast<std::uint32_t>(static_cast<std::int32_t>(static_cast<signed char>(c)));
+  std::uint32_t crlf = 0;
+  std::size_t i = 0;
+  while (size - i > kLanes) {
+    // Each round looks one byte ahead for the LF of a pair, so a block stops short of
+    // the text's last byte.
+    const std::size_t rounds = std::min(kRounds, (size - i - 1) / kLanes);
+    std::int16_t lanes[kLanes] = {};
+    std::uint8_t pairs[kLanes] = {};
+    for (std::size_t round = 0; round < rounds; ++round, i += kLanes) {
+      for (std::size_t lane = 0; lane < kLanes; ++lane) {
+        lanes[lane] = static_cast<std::int16_t>(lanes[lane] + bytes[i + lane]);
+        pairs[lane] = static_cast<std::uint8_t>(pairs[lane] + ((bytes[i + lane] == '\r') & (bytes[i + lane + 1] == '\n')));
+      }
+    }
+    for (std::size_t lane = 0; lane < kLanes; ++lane) {
+      total += static_cast<std::uint32_t>(static_cast<std::int32_t>(lanes[lane]));
+      crlf += pairs[lane];
+    }
+  }
+  for (; i < size; ++i) {
+    total += static_cast<std::uint32_t>(static_cast<std::int32_t>(bytes[i]));
+    crlf += (bytes[i] == '\r') & (i + 1 < size && bytes[i + 1] == '\n');
+  }
+  return total - crlf * static_cast<std::uint32_t>('\r');
+}
+
+}  // namespace
+
+std::uint16_t TextChecksum(std::string_view fileContent) {
+  const std::size_t size = fileContent.size();
+  const char* bytes = fileContent.data();
+  std::uint32_t total = 0;
+  if (fileContent.find('\0') == std::string_view::npos) return static_cast<std::uint16_t>(PlainTextSum(fileContent) & 0xFFFFu);
+  // A NUL hides the rest of its chunk: walk the chunks as ReadTextChunks cuts them.
+  std::size_t chunkLength = 0;
+  bool hidden = false;
+  for (std::size_t i = 0; i < size; ++i) {
+    char c = bytes[i];
+    if (c == '\r' && i + 1 < size && bytes[i + 1] == '\n') continue;
+    ++chunkLength;
+    if (c == '\0') hidden = true;
+    if (!hidden) total += static_cast<std::uint32_t>(static_cast<std::int32_t>(static_cast<signed char>(c)));
+    if (c == '\n' || chunkLength == kChunkSize) {
+      chunkLength = 0;
+      hidden = false;
     }
   }
   return static_cast<std::uint16_t>(total & 0xFFFFu);
@@ -351,15 +532,72 @@ bool FolderWritable(const std::string& path) {
   return true;
 }
 
-bool ReadWholeFile(const std::string& path, std::string& content) {
+namespace {
+
+// Opens a regular file for reading with plain system calls, a data file being read
+// several times at every start. A path that is not a regular file (a folder, a pipe) is
+// refused without blocking on it. Returns -1 on failure, else the descriptor and size.
+int OpenRegularFile(const std::string& path, std::size_t& size) {
+  int fd = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  if (fd < 0) return -1;
   struct stat info;
-  if (stat(path.c_str(), &info) != 0 || !S_ISREG(info.st_mode)) return false;
-  std::ifstream in(path, std::ios::binary);
-  if (!in) return false;
-  std::ostringstream buffer;
-  buffer << in.rdbuf();
-  content = buffer.str();
+  if (fstat(fd, &info) != 0 || !S_ISREG(info.st_mode)) {
+    ::close(fd);
+    return -1;
+  }
+  size = static_cast<std::size_t>(info.st_size);
+  return fd;
+}
+
+// Reads into content[from, to) until that is full or the file ends, and leaves `content`
+// as long as what it holds; false on a read error.
+bool ReadInto(int fd, std::string& content, std::size_t from, std::size_t to) {
+  content.resize(to);
+  std::size_t length = from;
+  while (length < to) {
+    ssize_t got = ::read(fd, content.data() + length, to - length);
+    if (got < 0 && errno == EINTR) continue;
+    if (got <= 0) {
+      content.resize(length);
+      return got == 0;
+    }
+    length += static_cast<std::size_t>(got);
+  }
   return true;
+}
+
+}  // namespace
+
+bool ReadWholeFile(const std::string& path, std::string& content) {
+  std::size_t size = 0;
+  int fd = OpenRegularFile(path, size);
+  if (fd < 0) return false;
+  // The size the file has now, then on to its end, in case it grew meanwhile; the look
+  // for more goes into a small buffer of its own, so that `content` keeps its size.
+  bool read = ReadInto(fd, content, 0, size);
+  while (read && content.size() == size) {
+    char more[4096];
+    ssize_t got = ::read(fd, more, sizeof more);
+    if (got < 0 && errno == EINTR) continue;
+    if (got <= 0) {
+      read = got == 0;
+      break;
+    }
+    content.append(more, static_cast<std::size_t>(got));
+    size = content.size();
+  }
+  ::close(fd);
+  return read;
+}
+
+bool ReadFileStart(const std::string& path, std::size_t limit, std::string& content, bool& whole) {
+  std::size_t size = 0;
+  int fd = OpenRegularFile(path, size);
+  if (fd < 0) return false;
+  bool read = ReadInto(fd, content, 0, std::min(size, limit));
+  ::close(fd);
+  whole = size <= limit;
+  return read;
 }
 
 bool WriteTextFileReplacing(const std::string& path, const std::string& text) {

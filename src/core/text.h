@@ -12,8 +12,8 @@ class Host;
 
 // Case-insensitive comparisons of ASCII names: data keys, tags, captions. Bytes
 // outside ASCII compare as they stand, whatever the user's locale.
-char ToLowerAscii(char c);
-char ToUpperAscii(char c);
+inline char ToLowerAscii(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
+inline char ToUpperAscii(char c) { return (c >= 'a' && c <= 'z') ? static_cast<char>(c - 'a' + 'A') : c; }
 std::string ToUpperAscii(std::string_view text);
 bool EqualsNoCase(std::string_view a, std::string_view b);
 bool StartsWithNoCase(std::string_view text, std::string_view prefix);
@@ -48,11 +48,38 @@ int ReadSectionText(Host& host, const std::string& section, std::string& out,
 void ReadSectionFromChunks(const std::vector<std::string>& chunks, const std::string& section,
                            std::string& out);
 
+// A text file cut into those chunks once, for finding many sections in it: a group load
+// looks for every configuration's section in the same file. The results are those of
+// ReadSectionFromChunks over ReadTextChunks of the same content.
+class ChunkedText {
+ public:
+  explicit ChunkedText(std::string_view fileContent);
+
+  // Appends the section `section` to `out`.
+  void ReadSection(const std::string& section, std::string& out) const;
+  // The texts of many sections at once, in the order of the names.
+  std::vector<std::string> ReadSections(const std::vector<std::string>& sections) const;
+
+ private:
+  std::size_t ChunkCount() const { return starts_.size(); }
+  std::size_t ChunkOf(std::size_t position) const;
+  // Whether [position, position + length) lies in the visible text of one chunk.
+  bool WithinOneChunk(std::size_t position, std::size_t length) const;
+  // The first chunk whose visible text holds `name`, or ChunkCount().
+  std::size_t FirstChunkWith(std::string_view name) const;
+  std::vector<std::size_t> FirstChunksWith(const std::vector<std::string_view>& names) const;
+  void AppendSectionBehind(std::size_t chunk, std::string& out) const;
+
+  std::string text_;                     // the content with the CR of each CR LF dropped
+  std::vector<std::size_t> starts_;      // chunk i begins at starts_[i] of text_
+  std::vector<std::size_t> visibleEnds_; // and is seen up to its first NUL
+};
+
 // The 16-bit sum of a text file: every character as a signed 8-bit number, CR of a
 // CR LF not counted. Ends the process through the host when the file does not exist;
 // returns 1 when it exists but cannot be opened.
 std::uint16_t FileChecksum(Host& host, const std::string& path);
-std::uint16_t TextChecksum(const std::string& fileContent);
+std::uint16_t TextChecksum(std::string_view fileContent);
 
 // C strtoul as a 32-bit unsigned long: base 0, 2 to 36; a value past 32 bits gives
 // 0xFFFFFFFF, a leading minus negates modulo 2^32.
@@ -78,6 +105,9 @@ bool FileExists(const std::string& path);
 bool FolderWritable(const std::string& path);
 // Reads a whole file as bytes; false when it cannot be opened or is not a regular file.
 bool ReadWholeFile(const std::string& path, std::string& content);
+// Reads at most `limit` bytes from the start of a file; `whole` tells whether that was
+// all of it. False as for ReadWholeFile.
+bool ReadFileStart(const std::string& path, std::size_t limit, std::string& content, bool& whole);
 
 // Writes a text file the way text mode does (each "\n" as CR LF), into a file beside
 // the target that is then renamed over it, so that a failure never leaves a truncated

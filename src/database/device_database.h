@@ -50,6 +50,8 @@ struct LocatedFile {
   std::string relativeForm;  // "/IO Files/name" or "/name", as messages show it
 };
 LocatedFile LocateDataFile(const std::string& name);
+// The first place LocateDataFile looks, without looking: the file in "IO Files".
+LocatedFile DataFileInIoFolder(const std::string& name);
 std::string DataFileMissingText(const std::string& name);  // the "Missing IO Files" message
 
 // Fills Series, Group, Part and Color of every listed file. `fileNames` is indexed by

@@ -5,6 +5,7 @@
 #include "panels/system/interrupt_panel.h"
 #include "panels/system/key_input_panel.h"
 #include "panels/system/port_panel.h"
+#include "panels/serial/uart2_panel.h"
 #include "panels/timers/timer_ra_panel.h"
 
 namespace tessara {
@@ -17,6 +18,7 @@ std::unique_ptr<PeripheralPanel> CreatePeripheralPanel(PanelKind kind) {
     case PanelKind::kInterrupt: return std::make_unique<InterruptPanel>();
     case PanelKind::kKeyInput: return std::make_unique<KeyInputPanel>();
     case PanelKind::kTimerRA: return std::make_unique<TimerRAPanel>();
+    case PanelKind::kUART2: return std::make_unique<UART2Panel>();
     default: return nullptr;
   }
 }

@@ -162,6 +162,29 @@ TEST_F(StartUpTest, CatalogueReadsPartsAndColoursUpToTheFirstAbsentKey) {
   EXPECT_TRUE(entry.Color[3].empty());
 }
 
+TEST_F(StartUpTest, CatalogueReadsALongOrLateDatabaseSectionWhole) {
+  // The catalogue reads a file's start first; a Database section that runs past it, or
+  // that stands behind other sections, must still be read to its end.
+  const std::string filler = "// " + std::string(200, '-') + "\n";
+  std::string longSection = "[Database]\nSeries=Long\nGroup=L Group\n";
+  for (int i = 0; i < 200; ++i) longSection += filler;
+  longSection += "Part_No_1=LATE;1;2;3\n[Configuration_L Group]\n";
+  std::string lateSection;
+  for (int i = 0; i < 200; ++i) lateSection += "[Other_" + std::to_string(i) + "]\n" + filler;
+  lateSection += "[Database]\nSeries=Late\nPart_No_1=P;1;2;3\nPart_No_2=Q;1;2;3";
+  home.Write("IO Files/long.ini", longSection);
+  home.Write("IO Files/late.ini", lateSection);
+  Ini("[Database_File]\nFile1=long.ini\nFile1_Checksum=" + SumOf(longSection) +
+      "\nFile2=late.ini\nFile2_Checksum=" + SumOf(lateSection) + "\n");
+  Application application(host);
+  ASSERT_EQ(application.StartUp(), Application::StartResult::kRunning);
+  EXPECT_TRUE(host.messages.empty());
+  EXPECT_EQ(application.database().Entry(1).Series, "Long");
+  EXPECT_EQ(application.database().Entry(1).Part[1], "LATE;1;2;3");
+  EXPECT_EQ(application.database().Entry(2).Series, "Late");
+  EXPECT_EQ(application.database().Entry(2).Part[2], "Q;1;2;3");
+}
+
 class GroupTablesTest : public StartUpTest {
  protected:
   // Starts on one data file holding `body` behind its Database section.

@@ -42,6 +42,29 @@ TEST(ReadProfileString, ValueIsCutToTheBuffer) {
   EXPECT_EQ(ReadProfileStringFromText(text, "S", "k", "", 90).size(), 89u);
 }
 
+TEST(IniText, AnswersAsTheWholeTextReadDoes) {
+  IniText ini(kSample);
+  bool found = false;
+  EXPECT_EQ(ini.Read("generate", "ENHANCEDGENERATE", "d", kProfileBufferSize, &found), "1");
+  EXPECT_TRUE(found);
+  // Asked out of file order, and again: the first section and the first key still win.
+  EXPECT_EQ(ini.Read(" Database_File ", "file1", "d"), "first.ini");
+  EXPECT_EQ(ini.Read("Database_File", "File2", "none", kProfileBufferSize, &found), "none");
+  EXPECT_FALSE(found);
+  EXPECT_EQ(ini.Read("Database_File", "Empty", "d", kProfileBufferSize, &found), "");
+  EXPECT_TRUE(found);
+  EXPECT_EQ(ini.Read("Nowhere", "File1", "d"), "d");
+  EXPECT_EQ(ini.Read("Generate", "EnhancedGenerate", "d"), "1");
+}
+
+TEST(IniText, KeepsLinesAheadOfTheFirstHeaderOutAndCutsToTheBuffer) {
+  IniText ini("k=loose\n[S]\nk=" + std::string(3000, 'v') + "\n[T]\nlast=1");
+  EXPECT_EQ(ini.Read("S", "k", "").size(), kProfileBufferSize - 1);
+  EXPECT_EQ(ini.Read("S", "k", "", 90).size(), 89u);
+  EXPECT_EQ(ini.Read("T", "last", ""), "1");
+  EXPECT_EQ(ini.Read("", "k", "none"), "none");
+}
+
 TEST(WriteProfileString, CreatesFileSectionAndKey) {
   TempFolder folder;
   std::string path = folder.File("new.ini");

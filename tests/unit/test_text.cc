@@ -185,9 +185,48 @@ TEST_F(SectionTextTest, AnyMentionOfTheNameStartsTheSection) {
   EXPECT_EQ(Section("port", "[Port]\na=1\n"), "");
 }
 
+TEST_F(SectionTextTest, ANulEndsTheSectionName) {
+  // A configuration name read from a data file may hold a NUL; the search, like every
+  // C string, sees only what stands before it.
+  EXPECT_EQ(Section(std::string("Port\0 junk", 10) + "_G", "[Port]\na=1\n[B]\n"), "a=1\n");
+}
+
 TEST_F(SectionTextTest, AnOverLongLineArrivesAsTwoChunks) {
   std::string line = std::string(kChunkSize, 'a') + "[tail\n";
   EXPECT_EQ(Section("S", "[S]\n" + line + "more=1\n"), std::string(kChunkSize, 'a'));
+}
+
+TEST(ChunkedText, FindsManySectionsAsSingleReadsDo) {
+  const std::string file =
+      "[Configuration_G Group]\r\nConfiguration_1=Port 1\r\n"
+      "// Port 10_G Group is described last\r\nearly=1\r\n"
+      "[Port 1_G Group]\r\na=1\r\n"
+      "[Port 10_G Group]\r\nb=2\r\nlast";
+  ChunkedText chunked(file);
+  std::vector<std::string> texts = chunked.ReadSections({"Port 1_G Group", "Port 10_G Group", "Timer_G Group"});
+  ASSERT_EQ(texts.size(), 3u);
+  EXPECT_EQ(texts[0], "a=1\n");
+  // The comment that mentions the name starts the section.
+  EXPECT_EQ(texts[1], "early=1\n");
+  EXPECT_EQ(texts[2], "");
+  std::string one = "kept";
+  chunked.ReadSection("Port 1_G Group", one);
+  EXPECT_EQ(one, "kepta=1\n");
+}
+
+TEST(ChunkedText, ANameMustStandInOneChunkBeforeItsNul) {
+  // The first mention is split by the chunk size, the second is hidden behind a NUL; the
+  // third counts.
+  std::string file = std::string(kChunkSize - 3, 'x') + "S_Group\n" + "y=1\n";
+  file += std::string("ab\0S_Group\n", 11) + "z=2\n" + "S_Group\n" + "w=3\n[next]\n";
+  ChunkedText chunked(file);
+  std::vector<std::string> texts = chunked.ReadSections({"S_Group", "X_Group"});
+  EXPECT_EQ(texts[0], "w=3\n");
+  EXPECT_EQ(texts[1], "");
+  std::vector<std::string> chunks = ReadTextChunks(file);
+  std::string single;
+  ReadSectionFromChunks(chunks, "S_Group", single);
+  EXPECT_EQ(single, texts[0]);
 }
 
 TEST_F(SectionTextTest, AMissingFileEndsTheProgram) {
@@ -211,6 +250,19 @@ TEST(FileChecksum, OneSumForEitherLineEnd) {
   std::string crlf = folder.Write("crlf.txt", "A\r\nB\r\n");
   EXPECT_EQ(FileChecksum(host, lf), 65 + 10 + 66 + 10);
   EXPECT_EQ(FileChecksum(host, crlf), 65 + 10 + 66 + 10);
+}
+
+TEST(FileChecksum, LongTextsSumInBlocksLikeShortOnes) {
+  // Long enough for several blocks of the fast sum, with CR LF pairs across their edges.
+  std::string text;
+  for (int i = 0; i < 5000; ++i) text += (i % 7 == 0) ? "\r\n" : std::string(1, static_cast<char>(0x20 + i % 200));
+  std::uint32_t total = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') continue;
+    total += static_cast<std::uint32_t>(static_cast<signed char>(text[i]));
+  }
+  EXPECT_EQ(TextChecksum(text), static_cast<std::uint16_t>(total & 0xFFFF));
+  EXPECT_EQ(TextChecksum(text + "\r"), static_cast<std::uint16_t>((total + 13) & 0xFFFF));
 }
 
 TEST(FileChecksum, BytesAboveAsciiCountNegativeAndNulEndsAChunk) {

@@ -29,6 +29,15 @@ bool HasClock2Link(const PanelContext* context);
 // unchanged: there is no oscillator divider to apply.
 double OscillatorClockOf(const PanelContext* context, double x);
 
+// The clock f after the oscillator stage as the serial channels see it, with family
+// tests and a ceiling of their own: f cut to a whole number, divided by the "oscdiv"
+// row of the Clock2Panel when its first source is chosen in the ZNR9 family or its
+// third in the QTL family (QTL/4V and QTL/4W included), multiplied by its "PLL" row
+// when its fourth source is chosen, but never above kSerialClockCeilingHz. Without a
+// Clock2Panel link f is returned unchanged.
+inline constexpr double kSerialClockCeilingHz = 20000000.0;
+double SerialClockOf(const PanelContext* context, double f);
+
 }  // namespace tessara
 
 #endif  // TESSARA_PANELS_FRAMEWORK_CLOCK_VALUES_H_

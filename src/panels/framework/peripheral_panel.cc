@@ -210,6 +210,8 @@ void PeripheralPanel::BuildTooltips() {
   tooltips_ = TooltipSet();
   const std::vector<MaskTarget> targets = TooltipTargets();
   for (std::size_t k = 0; k < tooltipTexts_.size() && k < targets.size(); ++k) {
+    // A text may be read for no control at all.
+    if (targets[k].control < 0) continue;
     tooltips_.bindings.push_back(TooltipBinding{tooltipTexts_[k], targets[k].control,
                                                 targets[k].part});
   }
@@ -447,12 +449,25 @@ void PeripheralPanel::RerunDependents(const std::vector<MaskTarget>& targets) {
 }
 
 int PeripheralPanel::FindSlot(std::string_view name) const {
+  int slot = FindOwnSlot(name);
+  return slot < 0 ? 0 : slot;
+}
+
+int PeripheralPanel::FindOwnSlot(std::string_view name) const {
   for (std::size_t i = 0; i < parameterRows_.size(); ++i) {
     if (parameterRows_[i].empty() || EqualsNoCase(RowName(parameterRows_[i]), name)) {
       return static_cast<int>(i);
     }
   }
-  return 0;
+  return -1;
+}
+
+bool PeripheralPanel::WriteRowIfSlot(const std::string& row, const std::string& comment) {
+  int slot = FindOwnSlot(RowName(row));
+  if (slot < 0) return false;
+  parameterRows_[static_cast<std::size_t>(slot)] = row;
+  parameterComments_[static_cast<std::size_t>(slot)] = comment;
+  return true;
 }
 
 int PeripheralPanel::WriteParameterRow(const std::string& row, const std::string& comment) {
@@ -698,15 +713,15 @@ std::vector<SavedValue> PeripheralPanel::SavedValues() const {
 void PeripheralPanel::SaveState(std::string& text) const {
   for (const SavedValue& value : SavedValues()) {
     const Control& control = controls_.at(static_cast<std::size_t>(value.control));
-    const ControlModel& part = control.parts.at(static_cast<std::size_t>(
-        value.form == SavedForm::kOptions ? 0 : value.part));
+    const bool options = value.form == SavedForm::kOptions || value.form == SavedForm::kAllOptions;
+    const ControlModel& part = control.parts.at(static_cast<std::size_t>(options ? 0 : value.part));
     switch (value.form) {
       case SavedForm::kOptions:
         text += FormatC("%d %d ", part.checked ? 1 : 0,
                         control.parts.size() > 1 && control.parts[1].checked ? 1 : 0);
         break;
       case SavedForm::kAllOptions:
-        for (const ControlModel& option : control.parts) text += FormatC("%d ", option.checked ? 1 : 0);
+        for (const ControlModel& option : control.parts) text += option.checked ? "1 " : "0 ";
         break;
       case SavedForm::kIndex: text += FormatC("%d ", part.selection); break;
       case SavedForm::kText: text += part.text + " "; break;
@@ -733,8 +748,8 @@ void PeripheralPanel::LoadState(const std::string& projectText) {
   for (const SavedValue& value : SavedValues()) {
     const int c = value.control;
     Control& control = controls_.at(static_cast<std::size_t>(c));
-    ControlModel& part = control.parts.at(static_cast<std::size_t>(
-        value.form == SavedForm::kOptions ? 0 : value.part));
+    const bool options = value.form == SavedForm::kOptions || value.form == SavedForm::kAllOptions;
+    ControlModel& part = control.parts.at(static_cast<std::size_t>(options ? 0 : value.part));
     switch (value.form) {
       case SavedForm::kOptions: {
         part.checked = NextInteger(rest) != 0;

@@ -78,8 +78,9 @@ struct ErrorFieldName {
 };
 
 // One value of a panel's save line. A RadioGroup gives the check states of its first
-// two options (kOptions) or of all its options (kAllOptions); a list index is a Combobox's selection or that of a ComboEditbox field;
-// a field text is written as it stands, followed by a blank.
+// two options, or with kAllOptions of every option it has; a list index is a
+// Combobox's selection or that of a ComboEditbox field; a field text is written as it
+// stands, followed by a blank.
 enum class SavedForm { kOptions, kAllOptions, kIndex, kText };
 
 struct SavedValue {
@@ -234,6 +235,11 @@ class PeripheralPanel {
   virtual std::vector<MaskTarget> TooltipTargets() const;
   // Whether an ExtraComment item may name this control, as key or as gate.
   virtual bool IsEmissionKey(const Control&) const { return true; }
+  // How many options of a group choose a text of an ExtraComment item, from the first;
+  // a later checked option gives nothing. By default every option does.
+  virtual int EmissionTextOptions(const Control& control) const {
+    return static_cast<int>(control.parts.size());
+  }
   // Writes the rows of item cell j of a Combobox's row; returns the first row's name.
   virtual std::string ApplyComboItem(int control, const PanelRow& row, int cell);
   // A row and comment for a field's trimmed text; false leaves the row as it was.
@@ -258,6 +264,12 @@ class PeripheralPanel {
   int WriteParameterRow(const std::string& row, const std::string& comment);
   // The first slot that is empty or holds `name`; 0 when all hold other names.
   int FindSlot(std::string_view name) const;
+  // The same search, but -1 when all slots hold other names: for rows that are
+  // dropped rather than written over another control's row.
+  int FindOwnSlot(std::string_view name) const;
+  // Writes row and comment into the row's own slot; false, and nothing written, when
+  // there is none.
+  bool WriteRowIfSlot(const std::string& row, const std::string& comment);
   void ValueChanged(int control, int field, std::string text);
   void RefillCombo(int control, RefillableCombo& combo, std::string_view mask);
   // The cell of a Combobox's row that holds its selected item; 0 for none.

@@ -64,7 +64,7 @@ bool GateHolds(std::string_view gate, const std::vector<Control>& controls, cons
 
 std::string EvaluateItem(std::string_view left, std::string_view right,
                          const std::vector<Control>& controls, const RowTable& rows,
-                         int cellsPerRow) {
+                         int cellsPerRow, const std::vector<int>& textOptions) {
   std::string_view key = left;
   std::string_view gate;
   std::size_t comma = left.find(',');
@@ -76,10 +76,14 @@ std::string EvaluateItem(std::string_view left, std::string_view right,
   const Control* control = FindByKey(controls, key);
   std::string_view chosen;
   if (control != nullptr) {
+    const std::size_t index = static_cast<std::size_t>(control - controls.data());
     switch (control->kind) {
-      case ControlKind::kRadioGroup:
-        if (control->AnyPartEnabled()) chosen = TextNumber(texts, control->CheckedPart() + 1);
+      case ControlKind::kRadioGroup: {
+        const int option = control->CheckedPart() + 1;
+        const bool chooses = index >= textOptions.size() || option <= textOptions[index];
+        if (control->AnyPartEnabled() && chooses) chosen = TextNumber(texts, option);
         break;
+      }
       case ControlKind::kCombobox:
         if (control->parts[0].enabled) {
           chosen = TextNumber(texts, SelectedCell(*control, rows, cellsPerRow));
@@ -98,7 +102,8 @@ std::string EvaluateItem(std::string_view left, std::string_view right,
 }  // namespace
 
 std::string EmitRegisterCode(std::string_view extraComment, const std::vector<Control>& controls,
-                             const RowTable& rows, int cellsPerRow) {
+                             const RowTable& rows, int cellsPerRow,
+                             const std::vector<int>& textOptions) {
   std::string out;
   if (extraComment.empty()) return out;
   std::string_view work = extraComment.substr(0, kExtraCommentLength);
@@ -108,7 +113,7 @@ std::string EmitRegisterCode(std::string_view extraComment, const std::vector<Co
     std::size_t equals = text.find('=');
     if (equals != std::string_view::npos) {
       std::string t = EvaluateItem(text.substr(0, equals), text.substr(equals + 1), controls,
-                                   rows, cellsPerRow);
+                                   rows, cellsPerRow, textOptions);
       if (!t.empty()) {
         out = "\t" + out + "\n\t" + t;
         out.erase(0, out.find_first_not_of(" \t\n\r\v\f"));
@@ -134,10 +139,14 @@ std::string EmitExtraCode(std::string_view extraParameter) {
 void PeripheralPanel::EmitRegisterCode(std::string& out) const {
   // A control that the kind does not accept as a key is as unknown as any other word.
   std::vector<Control> keys;
+  std::vector<int> textOptions;
   for (const Control& control : controls_) {
-    if (IsEmissionKey(control)) keys.push_back(control);
+    if (!IsEmissionKey(control)) continue;
+    keys.push_back(control);
+    textOptions.push_back(EmissionTextOptions(control));
   }
-  out = tessara::EmitRegisterCode(extraComment_, keys, rowTable_, Traits().cellsPerRow);
+  out = tessara::EmitRegisterCode(extraComment_, keys, rowTable_, Traits().cellsPerRow,
+                                  textOptions);
 }
 
 void PeripheralPanel::EmitExtraCode(std::string& out) const {

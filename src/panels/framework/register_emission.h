@@ -19,8 +19,11 @@ inline constexpr int kExtraCommentTexts = 20;
 // The lines that an ExtraComment selects in the present state of `controls`, joined by
 // line feed and tab; empty for an empty ExtraComment. `rows` gives the cell of a
 // Combobox's selected item.
+// `textOptions`, where given, holds for each control how many of its options, from
+// the first, choose a text as Key; a later checked option gives nothing.
 std::string EmitRegisterCode(std::string_view extraComment, const std::vector<Control>& controls,
-                             const RowTable& rows, int cellsPerRow);
+                             const RowTable& rows, int cellsPerRow,
+                             const std::vector<int>& textOptions = {});
 
 // The texts of an ExtraParameter that a "," closes, each followed by line feed and tab.
 std::string EmitExtraCode(std::string_view extraParameter);

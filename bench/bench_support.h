@@ -1,0 +1,46 @@
+#ifndef TESSARA_BENCH_BENCH_SUPPORT_H_
+#define TESSARA_BENCH_BENCH_SUPPORT_H_
+
+#include <benchmark/benchmark.h>
+
+#include <time.h>
+
+#include <string>
+#include <vector>
+
+#include "synthetic_data.h"
+
+namespace tessara {
+
+// Times are CPU time of the measuring thread: on a shared machine the wall clock also
+// counts whatever else runs, and reading cached files costs CPU time like the rest.
+struct BenchClock {
+  using time_point = double;
+  static double now() {
+    timespec now;
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
+  }
+};
+
+inline double SecondsSince(BenchClock::time_point start) { return BenchClock::now() - start; }
+
+// The full-size synthetic program folder, written once per process into a temporary
+// folder that is removed at exit.
+const SyntheticHome& BenchHome();
+
+// The physical floor of reading files: each opened, read whole into memory once and
+// closed, with plain system calls. Returns the bytes read.
+std::size_t ReadFilesOnce(const std::vector<std::string>& paths);
+
+// The mean time of ReadFilesOnce over enough runs to be steady.
+double FloorSeconds(const std::vector<std::string>& paths);
+
+// Reports the floor beside a benchmark's own time: "floor_ms", "x_floor" (the mean time
+// of the measured work divided by the floor) and "target_x", the multiple it must stay in.
+void ReportAgainstFloor(benchmark::State& state, double measuredSeconds, double floorSeconds,
+                        double targetMultiple);
+
+}  // namespace tessara
+
+#endif  // TESSARA_BENCH_BENCH_SUPPORT_H_
