@@ -55,6 +55,19 @@ TEST_F(QtlPort0Test, StartsWithTheRegisterRowsAndTheDrivePairGreyed) {
   EXPECT_EQ(panel.ColumnHeadings(), (std::array<std::string, 3>{"Pin", "Pin Status", "Drive Capacity"}));
 }
 
+TEST_F(QtlPort0Test, TheTwoTooltipTextsGoToEveryStatusAndEveryDriveOption) {
+  const std::vector<TooltipBinding>& bindings = panel.Tooltips().bindings;
+  ASSERT_EQ(bindings.size(), 32u);
+  int status = 0;
+  for (const TooltipBinding& binding : bindings) {
+    bool statusOption = binding.part == kInput || binding.part == kOutput;
+    EXPECT_EQ(binding.text, statusOption ? "Input or output of the pin" : "Drive capacity of the output");
+    EXPECT_LT(binding.control, PortPanel::kPins);
+    status += statusOption ? 1 : 0;
+  }
+  EXPECT_EQ(status, 16);
+}
+
 TEST_F(QtlPort0Test, BackToTheFirstStatusUndoesTheDriveBitThenTheStatusBit) {
   ASSERT_TRUE(panel.ChooseOption("Radiobox_1", kOutput));
   EXPECT_EQ(Rows(panel), (std::vector<std::string>{"pd0=0x01", "drr=0x00"}));

@@ -218,6 +218,11 @@ void PeripheralPanel::BuildTooltips() {
   tooltips_.active = true;
 }
 
+void PeripheralPanel::BindTooltip(std::size_t k, int control, int part) {
+  if (k >= tooltipTexts_.size()) return;
+  tooltips_.bindings.push_back(TooltipBinding{tooltipTexts_[k], control, part});
+}
+
 std::vector<MaskTarget> PeripheralPanel::TooltipTargets() const {
   std::vector<MaskTarget> targets;
   for (std::size_t c = 0; c < controls_.size(); ++c) targets.push_back({static_cast<int>(c), -1});

@@ -233,6 +233,9 @@ class PeripheralPanel {
   // The control (and part) that tooltip text k goes to, in the order of the texts; by
   // default text k to the whole of control k.
   virtual std::vector<MaskTarget> TooltipTargets() const;
+  // Gives tooltip text k (from 0) to one more control part, for kinds whose texts go to
+  // many controls each.
+  void BindTooltip(std::size_t k, int control, int part);
   // Whether an ExtraComment item may name this control, as key or as gate.
   virtual bool IsEmissionKey(const Control&) const { return true; }
   // How many options of a group choose a text of an ExtraComment item, from the first;

@@ -152,6 +152,18 @@ void PortPanel::OnInitDialog() {
   BuildTooltips();
 }
 
+// The first text goes to every status option, the second to every drive option.
+void PortPanel::BuildTooltips() {
+  PeripheralPanel::BuildTooltips();
+  for (std::size_t k = 0; k < 2; ++k) {
+    for (int pin = 0; pin < kPins; ++pin) {
+      int first = k == 0 ? kFirstStatus : kFirstDrive;
+      BindTooltip(k, pin, first);
+      BindTooltip(k, pin, first + 1);
+    }
+  }
+}
+
 void PortPanel::OnOptionClick(int control, int option) {
   Control& group = controls_.at(static_cast<std::size_t>(control));
   if (group.kind != ControlKind::kRadioGroup) {

@@ -20,6 +20,7 @@ class PortPanel : public PeripheralPanel {
   PortPanel();
 
   void OnInitDialog() override;
+  void BuildTooltips() override;
   void SaveState(std::string& text) const override;
   void LoadState(const std::string& projectText) override;
 
@@ -35,6 +36,7 @@ class PortPanel : public PeripheralPanel {
   void OnCombobox(int control) override;
   void OnCheckbox(int control, int box) override;
   bool IsEmissionKey(const Control& control) const override;
+  std::vector<MaskTarget> TooltipTargets() const override { return {}; }
 
  private:
   enum class Register { kStatus, kDrive };
