@@ -735,15 +735,10 @@ void PeripheralPanel::SaveState(std::string& text) const {
   text += " \n";
 }
 
-namespace {
-
-// A stored value as decimal, the way atoi reads it; an empty token reads as 0.
-int NextInteger(std::string& text) {
+int NextSavedInteger(std::string& text) {
   std::string token = ReadNextToken(text);
   return static_cast<int>(std::strtol(token.c_str(), nullptr, 10));
 }
-
-}  // namespace
 
 void PeripheralPanel::LoadState(const std::string& projectText) {
   std::string tag = SaveTag();
@@ -757,18 +752,18 @@ void PeripheralPanel::LoadState(const std::string& projectText) {
     ControlModel& part = control.parts.at(static_cast<std::size_t>(options ? 0 : value.part));
     switch (value.form) {
       case SavedForm::kOptions: {
-        part.checked = NextInteger(rest) != 0;
-        bool second = NextInteger(rest) != 0;
+        part.checked = NextSavedInteger(rest) != 0;
+        bool second = NextSavedInteger(rest) != 0;
         if (control.parts.size() > 1) control.parts[1].checked = second;
         RunHandler(c);
         break;
       }
       case SavedForm::kAllOptions:
-        for (ControlModel& option : control.parts) option.checked = NextInteger(rest) != 0;
+        for (ControlModel& option : control.parts) option.checked = NextSavedInteger(rest) != 0;
         RunHandler(c);
         break;
       case SavedForm::kIndex:
-        part.Select(NextInteger(rest));
+        part.Select(NextSavedInteger(rest));
         if (control.kind == ControlKind::kComboEditbox) {
           // The field's handler works on the selected item, as after a pick.
           const std::string* item = part.SelectedItem();

@@ -83,6 +83,10 @@ struct ErrorFieldName {
 // stands, followed by a blank.
 enum class SavedForm { kOptions, kAllOptions, kIndex, kText };
 
+// The next value of a save line as decimal, the way atoi reads it; an empty token reads
+// as 0. The value is taken off the front of `text`.
+int NextSavedInteger(std::string& text);
+
 struct SavedValue {
   int control = 0;
   SavedForm form = SavedForm::kOptions;

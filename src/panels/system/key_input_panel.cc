@@ -76,13 +76,13 @@ void KeyInputPanel::OnInitDialog() {
   for (Pair& pair : pairs_) {
     pair.pinState.fill(0);
     pair.pairChoice = 0;
-    controls_[static_cast<std::size_t>(pair.secondOption)].parts[0].checked = false;
   }
   // An option button shows the caption of its own row.
   for (int c : {kFirstPairOn, kFirstPairOff, kSecondPairOn, kSecondPairOff}) {
     Control& option = controls_[static_cast<std::size_t>(c)];
     option.parts[0].text = option.Caption();
   }
+  // Every group gets its first option checked; of a pair that is the first button only.
   PeripheralPanel::OnInitDialog();
   for (const Pair& pair : pairs_) {
     controls_[static_cast<std::size_t>(pair.secondOption)].parts[0].checked = false;

@@ -1,6 +1,5 @@
 #include "panels/system/port_panel.h"
 
-#include <cstdlib>
 #include <initializer_list>
 
 #include "core/text.h"
@@ -398,15 +397,6 @@ void PortPanel::SaveState(std::string& text) const {
   text += " ";
   text += " \n";
 }
-
-namespace {
-
-int NextSavedInteger(std::string& text) {
-  std::string token = ReadNextToken(text);
-  return static_cast<int>(std::strtol(token.c_str(), nullptr, 10));
-}
-
-}  // namespace
 
 void PortPanel::LoadState(const std::string& projectText) {
   const std::string tag = SaveTag();
