@@ -5,7 +5,9 @@
 
 namespace tessara {
 
+class GenerateDialogModel;
 class ProjectDetectedDialogModel;
+struct OutputState;
 
 // The platform services the logic needs. The core never shows anything and never ends
 // the process itself: it asks the front-end's Host, which is a Qt adapter in the GUI,
@@ -49,6 +51,14 @@ class Host {
   }
   virtual bool RunProjectDetectedDialog(ProjectDetectedDialogModel& dialog) {
     (void)dialog;
+    return false;
+  }
+
+  // The "Generate" dialog, modally: its browse buttons ask for a file and hand the
+  // answer to the model (which may set `output` at once), OK closes it only when the
+  // model accepts. True for OK. A front-end without the dialog cancels.
+  virtual bool RunGenerateDialog(GenerateDialogModel& dialog, OutputState& output) {
+    (void)dialog, (void)output;
     return false;
   }
 

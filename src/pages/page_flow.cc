@@ -9,8 +9,10 @@
 
 namespace tessara {
 
-PageFlow::PageFlow(Application& application)
-    : application_(application), selection_(application), peripherals_(application) {
+PageFlow::PageFlow(Application& application, ListColour selectedItemColour)
+    : application_(application),
+      selection_(application, selectedItemColour),
+      peripherals_(application, selectedItemColour) {
   selection_.runPeripheralPage = [this] { OpenPeripheralPage(); };
   selection_.loadFile = [this](const std::string& path) { LoadFile(path); };
 }

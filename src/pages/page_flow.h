@@ -17,7 +17,10 @@ class Application;
 // that come before a command (file paths, the Generate dialog) are theirs.
 class PageFlow {
  public:
-  explicit PageFlow(Application& application);
+  // `selectedItemColour` is the host's colour for selected items, which the lists paint
+  // marked rows with unless the data file says otherwise.
+  explicit PageFlow(Application& application,
+                    ListColour selectedItemColour = kDefaultSelectedItemColour);
   PageFlow(const PageFlow&) = delete;
   PageFlow& operator=(const PageFlow&) = delete;
 

@@ -48,8 +48,13 @@ bool Among(PanelKind kind, const PanelKind (&kinds)[N]) {
 
 }  // namespace
 
-PeripheralPage::PeripheralPage(Application& application)
+PeripheralPage::PeripheralPage(Application& application, ListColour selectedItemColour)
     : Ide(ConnectIdeServer()), application_(application) {
+  parameterList_.Colours() = ParameterListColours(selectedItemColour);
+  int group = application_.SelectedGroup;
+  if (group >= 1 && group <= kMaxDataFiles) {
+    parameterList_.Colours().ReadColourLines(application_.database().Entry(group));
+  }
   for (const ResourceTag& tag : kResourceTags) {
     if (tag.kind == PanelKind::kClock || tag.kind == PanelKind::kClock2) continue;
     auto& instances = panels_[static_cast<std::size_t>(tag.kind)];
@@ -105,7 +110,10 @@ void PeripheralPage::Open(bool openedByNext, const PeripheralPanel* clockLink,
   clock2Link_ = clock2Link;
   open_ = true;
   shownPanel_ = nullptr;
+  // The rows go with the window; the colours stay for the run.
+  ParameterListColours colours = parameterList_.Colours();
   parameterList_ = ParameterList();
+  parameterList_.Colours() = colours;
 
   const DatabaseEntry& group = application_.database().Entry(application_.SelectedGroup);
   listItems_.clear();

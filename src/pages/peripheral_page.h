@@ -27,7 +27,10 @@ class PeripheralPage {
   static constexpr const char* kResetWarningText =
       "All peripherals settings will be reset to default.\nDo you want to continue?";
 
-  explicit PeripheralPage(Application& application);
+  // Built at start-up, like the first page: its list's colours come from the data file
+  // of the group selected then (the first) and stay for the run.
+  explicit PeripheralPage(Application& application,
+                          ListColour selectedItemColour = kDefaultSelectedItemColour);
   ~PeripheralPage();
   PeripheralPage(const PeripheralPage&) = delete;
   PeripheralPage& operator=(const PeripheralPage&) = delete;
