@@ -32,6 +32,19 @@ std::string Slurp(const std::string& path) {
 
 }  // namespace
 
+bool HostCompilerPresent() { return std::system("command -v gcc >/dev/null 2>&1") == 0; }
+
+std::string CompileErrors(const std::string& folder, const std::string& file) {
+  std::string log = folder + ".log";
+  std::string command = "LC_ALL=C gcc -std=c99 -fsyntax-only -Wall -Werror -Wno-unknown-pragmas -I" +
+                        Quote(folder) + " " + Quote(folder + "/" + file) + " >" + Quote(log) + " 2>&1";
+  int status = std::system(command.c_str());
+  std::string messages = Slurp(log);
+  std::filesystem::remove(log);
+  if (status != 0 && messages.empty()) messages = "gcc failed with status " + std::to_string(status);
+  return status == 0 ? "" : messages;
+}
+
 CliResult RunCli(const std::vector<std::string>& arguments, const std::string& input) {
   std::string base = (std::filesystem::temp_directory_path() /
                       ("tessara-cli-" + std::to_string(getpid()) + "-" + std::to_string(rand())))
@@ -50,19 +63,6 @@ CliResult RunCli(const std::vector<std::string>& arguments, const std::string& i
   std::filesystem::remove(outPath);
   std::filesystem::remove(errPath);
   return result;
-}
-
-bool HostCompilerPresent() { return std::system("command -v gcc >/dev/null 2>&1") == 0; }
-
-std::string CompileErrors(const std::string& folder, const std::string& file) {
-  std::string log = folder + ".log";
-  std::string command = "LC_ALL=C gcc -std=c99 -fsyntax-only -Wall -Werror -Wno-unknown-pragmas -I" +
-                        Quote(folder) + " " + Quote(folder + "/" + file) + " >" + Quote(log) + " 2>&1";
-  int status = std::system(command.c_str());
-  std::string messages = Slurp(log);
-  std::filesystem::remove(log);
-  if (status != 0 && messages.empty()) messages = "gcc failed with status " + std::to_string(status);
-  return status == 0 ? "" : messages;
 }
 
 std::string CopySampleHome(const std::string& folder) {

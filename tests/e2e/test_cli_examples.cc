@@ -27,13 +27,17 @@ struct ExampleProject {
 
 const std::vector<ExampleProject>& Examples() {
   static const std::vector<ExampleProject> examples = {
-      {"qtl4c.tsr", "sfr_QTL4Cconfig.h", false, {"// Clock setting", "// Timer RA setting"}},
-      {"qtl4v.tsr", "sfr_QTL4Vconfig.h", false, {"// Clock setting", "// A/D Converter setting"}},
-      {"qtl6p.tsr", "sfr_QTL6Pconfig.h", false, {"// Clock setting", "// A/D Converter setting"}},
-      {"znr94x.tsr", "sfr_ZNR94Xconfig.h", false, {"// Clock setting", "// A/D Converter setting"}},
+      {"qtl4c.tsr", "sfr_QTL4Cconfig.h", false,
+       {"// Clock setting", "// Port0 setting", "// Timer RA setting"}},
+      {"qtl4v.tsr", "sfr_QTL4Vconfig.h", false,
+       {"// Clock setting", "// Port0 setting", "// A/D Converter setting"}},
+      {"qtl6p.tsr", "sfr_QTL6Pconfig.h", false,
+       {"// Clock setting", "// Port0 setting", "// A/D Converter setting"}},
+      {"znr94x.tsr", "sfr_ZNR94Xconfig.h", false,
+       {"// Clock setting", "// Port0 setting", "// A/D Converter setting"}},
       {"kb77161.tsr", "iodefine.h", true,
-       {"// Clock setting", "// WKP setting: wake-up pins", "// AEC setting: asynchronous event counter",
-        "// A/D Converter setting"}},
+       {"// Clock setting", "// Port1 setting", "// WKP setting: wake-up pins",
+        "// AEC setting: asynchronous event counter", "// A/D Converter setting"}},
   };
   return examples;
 }
@@ -155,7 +159,8 @@ TEST_F(CliExamplesTest, TheTimerRaExamplePrintsItsRows) {
 }
 
 // The whole C source of the QTL/4C example: the file head with its own name, the clock
-// text behind the protect marker, the Timer RA block behind init's brace with its rows in
+// text behind the protect marker, the block of the first port (opened by Next, so it
+// holds the section's register values) and the Timer RA block behind it with its rows in
 // the data's sort order and the comments in column 41, the interrupt function at the end.
 // The clock's figures (clk, oscdiv) are rows for other panels, not statements.
 TEST_F(CliExamplesTest, TheQtl4cSourceStandsToTheLetter) {
@@ -198,6 +203,13 @@ TEST_F(CliExamplesTest, TheQtl4cSourceStandsToTheLetter) {
       "/* Peripheral set-up, in the order of the chip's peripheral list. */\n"
       "void init(void)\n"
       "{\n"
+      "\n"
+      "\t//**************************************\n"
+      "\t// Port0 setting\n"
+      "\t//**************************************\n"
+      "\tpd0=0x00;                                //Port 0 direction\n"
+      "\tdrr=0x00;                                //Port 0 drive capacity\n"
+      "\t\n"
       "\n"
       "\t//**************************************\n"
       "\t// Timer RA setting\n"

@@ -28,7 +28,7 @@ TEST_F(CliPagesTest, TheSecondPageListsThePeripheralsAndShowsTheChosenPanel) {
   EXPECT_NE(result.out.find("trapre=79\t//Prescaler and counter for the interval\n"), std::string::npos);
   EXPECT_NE(result.out.find("tra=249\t"), std::string::npos);
   // A row without a panel class keeps the panel that is shown; typing selects no item.
-  result = Run(TimerRaScript("1") + "select \"Port 0\"\ncontrols\n");
+  result = Run(TimerRaScript("1") + "select \"Timer RB\"\ncontrols\n");
   EXPECT_EQ(result.status, 0) << result.err;
   EXPECT_NE(result.out.find("ComboEditbox_1\tComboEditbox\tenabled=1\tvisible=1\tselection=0\ttext=1\t"),
             std::string::npos);
@@ -81,7 +81,7 @@ TEST_F(CliPagesTest, SavedProjectsLoadGenerateAndSaveToTheSameBytes) {
   EXPECT_EQ(first.rfind("Checksum:", 0), 0u);
   EXPECT_NE(first.find("\r\nTimerRA:"), std::string::npos);
 
-  CliResult again = Run("load \"" + project + "\"\nnext\nsave \"" + out.File("again.tsr") + "\"\nrows\n");
+  CliResult again = Run("load \"" + project + "\"\nnext\nsave \"" + out.File("again.tsr") + "\"\nselect \"Timer RA\"\nrows\n");
   ASSERT_EQ(again.status, 0) << again.err;
   EXPECT_EQ(out.Read("again.tsr"), first);
   EXPECT_NE(again.out.find("trapre="), std::string::npos);

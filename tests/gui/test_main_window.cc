@@ -251,9 +251,12 @@ class TestMainWindow : public QObject {
     QCOMPARE(first->CapacityValue(0)->text(), QString("48K bytes"));
     QTest::mouseClick(first->NextButton(), Qt::LeftButton);
     PeripheralPageView* second = session.window->PeripheralView();
-    // Both opened rows come back, the first of them on top; as it has no panel yet, the
-    // restored WKP panel stays in view.
+    // Both opened rows come back, the first of them on top; choosing the other shows the
+    // restored WKP panel as it was saved.
     QCOMPARE(second->PeripheralList()->currentItem()->text(), QString("Port 1"));
+    QList<QListWidgetItem*> wkp = second->PeripheralList()->findItems("WKP", Qt::MatchExactly);
+    QCOMPARE(wkp.size(), 1);
+    second->PeripheralList()->setCurrentItem(wkp.first());
     QCOMPARE(second->Panel()->Frame("Radiobox_1")->title(), QString("Wake-up Interrupt"));
     QVERIFY(Option(second->Panel(), "Radiobox_1", 1)->isChecked());
     QVERIFY(Option(second->Panel(), "Radiobox_4", 1)->isChecked());

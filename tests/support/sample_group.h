@@ -13,14 +13,15 @@
 
 namespace tessara {
 
-// The bundled "KB/77161 Group" as the catalogue reads it, and a panel context for its
-// configuration `name`.
+// A bundled sample group ("KB/77161 Group" unless another data file is named) as the
+// catalogue reads it, and a panel context for its configuration `name`.
 class SampleGroup {
  public:
-  explicit SampleGroup(const std::string& name) : database_(std::make_unique<DeviceDatabase>()) {
+  explicit SampleGroup(const std::string& name, const std::string& dataFile = "KB77161.ini")
+      : database_(std::make_unique<DeviceDatabase>()) {
     SetModuleFolder(std::string(TESSARA_SOURCE_DIR) + "/data");
-    LoadCatalogue(host, *database_, {"", "KB77161.ini"});
-    LoadGroupTables(host, *database_, 1, "KB77161.ini");
+    LoadCatalogue(host, *database_, {"", dataFile});
+    LoadGroupTables(host, *database_, 1, dataFile);
     SetModuleFolder("");
     const DatabaseEntry& group = database_->Entry(1);
     flags.SetFromGroupName(group.Group);

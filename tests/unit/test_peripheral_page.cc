@@ -22,10 +22,10 @@ class PeripheralPageTest : public ::testing::Test {
     std::string data =
         "[Database]\nSeries=T\nGroup=T/1 Group\nPart_No_1=T1;8Kbytes;1Kbytes;\n"
         "[Configuration_T/1 Group]\n"
-        "Configuration_1=Port 0\nConfiguration_2=CLOCK\nConfiguration_3=AEC\n"
+        "Configuration_1=DTC\nConfiguration_2=CLOCK\nConfiguration_3=AEC\n"
         "Configuration_4=Mystery\nConfiguration_5=Port 1\nConfiguration_6=WKP\n"
         "[ResourceID_T/1 Group]\n"
-        "ResourceID_1=IID_DIALOG_PORT\nResourceID_2=IID_DIALOG_CLOCK2\nResourceID_3=IID_DIALOG_AEC\n"
+        "ResourceID_1=IID_DIALOG_DTC\nResourceID_2=IID_DIALOG_CLOCK2\nResourceID_3=IID_DIALOG_AEC\n"
         "ResourceID_4=IID_DIALOG_MYSTERY\nResourceID_5=IID_DIALOG_PORT\nResourceID_6=iid_dialog_wkp\n"
         "[AEC_T/1 Group]\n"
         "Dialog=AEC\n"
@@ -54,11 +54,11 @@ class PeripheralPageTest : public ::testing::Test {
 
 TEST_F(PeripheralPageTest, ListsEveryConfigurationButTheClockInAnyCase) {
   page->Open(true, nullptr, nullptr);
-  EXPECT_EQ(page->ListItems(), (std::vector<std::string>{"Port 0", "AEC", "Mystery", "Port 1", "WKP"}));
+  EXPECT_EQ(page->ListItems(), (std::vector<std::string>{"DTC", "AEC", "Mystery", "Port 1", "WKP"}));
   EXPECT_EQ(page->ConfigurationOfRow(0), 1);
   EXPECT_EQ(page->ConfigurationOfRow(1), 3);
   EXPECT_EQ(page->ConfigurationOfRow(4), 6);
-  // The unknown tag has a row but no entry; the ports keep their entries.
+  // The unknown tag has a row but no entry; the other kinds keep their entries.
   ASSERT_EQ(page->PanelList().size(), 4u);
   EXPECT_EQ(page->PanelList()[1], page->Panel(PanelKind::kAEC));
   EXPECT_EQ(page->PanelList()[3], page->Panel(PanelKind::kWKP));
@@ -89,7 +89,7 @@ TEST_F(PeripheralPageTest, ARowWithoutAPanelKeepsTheShownPanelAndItsRows) {
   std::vector<ParameterList::Row> rows = page->List().Rows();
   PeripheralPanel* shown = page->ShownPanel();
   page->Select(2);  // the unknown tag
-  page->Select(0);  // a port: no panel class
+  page->Select(0);  // a kind without a panel class
   EXPECT_EQ(page->ShownPanel(), shown);
   EXPECT_EQ(page->List().Rows().size(), rows.size());
 }

@@ -84,7 +84,7 @@ PeripheralPanel::PeripheralPanel(PanelKind kind, std::vector<ControlSpec> contro
     control.kind = spec.kind;
     control.key = spec.key;
     int parts = spec.parts < 1 ? 1 : spec.parts;
-    if (spec.kind == ControlKind::kRadioGroup && parts < 2) parts = 2;
+    if (spec.kind == ControlKind::kRadioGroup && parts < 2 && !spec.singleOption) parts = 2;
     control.parts.resize(static_cast<std::size_t>(parts));
     for (ControlModel& part : control.parts) part.editable = spec.kind == ControlKind::kComboEditbox;
     controls_.push_back(std::move(control));
@@ -218,6 +218,11 @@ void PeripheralPanel::BuildTooltips() {
   tooltips_.active = true;
 }
 
+void PeripheralPanel::BindTooltip(std::size_t k, int control, int part) {
+  if (k >= tooltipTexts_.size()) return;
+  tooltips_.bindings.push_back(TooltipBinding{tooltipTexts_[k], control, part});
+}
+
 std::vector<MaskTarget> PeripheralPanel::TooltipTargets() const {
   std::vector<MaskTarget> targets;
   for (std::size_t c = 0; c < controls_.size(); ++c) targets.push_back({static_cast<int>(c), -1});
@@ -240,10 +245,12 @@ void PeripheralPanel::RefreshParameters(std::string_view changedName) {
   if (refreshGuard_ != 0) return;
   ParameterList* list = List();
   if (list != nullptr) list->DeleteAllRows();
-  BuildActiveKeys();
-  ResolveLinks();
+  if (!behaviour_.showAllRows) {
+    BuildActiveKeys();
+    ResolveLinks();
+  }
   ShowRows(list);
-  AddExtraSettingsRows(list);
+  if (behaviour_.extraSettingsRows) AddExtraSettingsRows(list);
   MarkChangedRow(list, changedName);
 }
 
@@ -280,6 +287,12 @@ void PeripheralPanel::ResolveLinks() {
 
 void PeripheralPanel::ShowRows(ParameterList* list) {
   if (list == nullptr) return;
+  if (behaviour_.showAllRows) {
+    for (std::size_t j = 0; j < parameterRows_.size(); ++j) {
+      if (!parameterRows_[j].empty()) list->AppendRow(parameterRows_[j], parameterComments_[j]);
+    }
+    return;
+  }
   for (const std::string& key : activeKeys_) {
     if (key.empty()) continue;
     for (std::size_t j = 0; j < parameterRows_.size(); ++j) {
@@ -600,9 +613,13 @@ bool PeripheralPanel::ChooseOption(std::string_view key, int option) {
   }
   const ControlModel& part = group.parts[static_cast<std::size_t>(option)];
   if (!part.enabled || !part.visible) return false;
-  group.CheckOption(option);
-  RunHandler(index);
+  OnOptionClick(index, option);
   return true;
+}
+
+void PeripheralPanel::OnOptionClick(int control, int option) {
+  controls_.at(static_cast<std::size_t>(control)).CheckOption(option);
+  RunHandler(control);
 }
 
 bool PeripheralPanel::ChooseItem(std::string_view key, int itemIndex, int field) {
@@ -725,15 +742,10 @@ void PeripheralPanel::SaveState(std::string& text) const {
   text += " \n";
 }
 
-namespace {
-
-// A stored value as decimal, the way atoi reads it; an empty token reads as 0.
-int NextInteger(std::string& text) {
+int NextSavedInteger(std::string& text) {
   std::string token = ReadNextToken(text);
   return static_cast<int>(std::strtol(token.c_str(), nullptr, 10));
 }
-
-}  // namespace
 
 void PeripheralPanel::LoadState(const std::string& projectText) {
   std::string tag = SaveTag();
@@ -747,18 +759,18 @@ void PeripheralPanel::LoadState(const std::string& projectText) {
     ControlModel& part = control.parts.at(static_cast<std::size_t>(options ? 0 : value.part));
     switch (value.form) {
       case SavedForm::kOptions: {
-        part.checked = NextInteger(rest) != 0;
-        bool second = NextInteger(rest) != 0;
+        part.checked = NextSavedInteger(rest) != 0;
+        bool second = NextSavedInteger(rest) != 0;
         if (control.parts.size() > 1) control.parts[1].checked = second;
         RunHandler(c);
         break;
       }
       case SavedForm::kAllOptions:
-        for (ControlModel& option : control.parts) option.checked = NextInteger(rest) != 0;
+        for (ControlModel& option : control.parts) option.checked = NextSavedInteger(rest) != 0;
         RunHandler(c);
         break;
       case SavedForm::kIndex:
-        part.Select(NextInteger(rest));
+        part.Select(NextSavedInteger(rest));
         if (control.kind == ControlKind::kComboEditbox) {
           // The field's handler works on the selected item, as after a pick.
           const std::string* item = part.SelectedItem();
@@ -772,7 +784,7 @@ void PeripheralPanel::LoadState(const std::string& projectText) {
         OnComboEditbox(c, value.part, part.text);
         break;
       case SavedForm::kBox:
-        part.checked = NextInteger(rest) != 0;
+        part.checked = NextSavedInteger(rest) != 0;
         OnCheckbox(c, value.part);
         break;
     }

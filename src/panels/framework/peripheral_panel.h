@@ -37,6 +37,8 @@ struct ControlSpec {
   // Combobox: item j has one row at cell j + itemCount and its comment at
   // j + 2 x itemCount, instead of the usual two rows.
   bool oneRowPerItem = false;
+  // A RadioGroup that is one option button of its own (a pair made of two keys).
+  bool singleOption = false;
 };
 
 // Mask places for both options of each named group, in order.
@@ -55,6 +57,10 @@ struct PanelBehaviour {
   bool listGivesFirstText = false;
   // WriteOptionRow leaves the rows alone when the option's cell is empty.
   bool emptyOptionCellWritesNothing = false;
+  // Every non-empty slot is a row of the list and of the code: the kinds whose rows
+  // hold whole register bytes keep no ActiveKeys.
+  bool showAllRows = false;
+  bool extraSettingsRows = true;  // the refresh lists the rows of the popup
 };
 
 // One tooltip text and the control it goes to; part -1 is all parts of the control.
@@ -85,6 +91,10 @@ struct ErrorFieldName {
 // Combobox's selection or that of a ComboEditbox field; a field text is written as it
 // stands, followed by a blank; a box is the check state of box `part` of a Checkbox block.
 enum class SavedForm { kOptions, kAllOptions, kIndex, kText, kBox };
+
+// The next value of a save line as decimal, the way atoi reads it; an empty token reads
+// as 0. The value is taken off the front of `text`.
+int NextSavedInteger(std::string& text);
 
 struct SavedValue {
   int control = 0;
@@ -149,6 +159,10 @@ class PeripheralPanel {
   bool EditFieldText(std::string_view key, int field, std::string text);
   bool CloseDropDown(std::string_view key, int field);
   bool ToggleCheckbox(std::string_view key, int box, bool checked);
+
+  // Sets the check marks that a click on `option` gives and runs the handler; kinds
+  // whose groups hold more than one pair of options decide what a click clears.
+  virtual void OnOptionClick(int control, int option);
 
   // Runs a control's handler by name, as masks and LoadState do.
   void RunHandler(int control);
@@ -232,6 +246,9 @@ class PeripheralPanel {
   // The control (and part) that tooltip text k goes to, in the order of the texts; by
   // default text k to the whole of control k.
   virtual std::vector<MaskTarget> TooltipTargets() const;
+  // Gives tooltip text k (from 0) to one more control part, for kinds whose texts go to
+  // many controls each.
+  void BindTooltip(std::size_t k, int control, int part);
   // Whether an ExtraComment item may name this control, as key or as gate.
   virtual bool IsEmissionKey(const Control&) const { return true; }
   // How many options of a group choose a text of an ExtraComment item, from the first;

@@ -11,11 +11,6 @@ namespace {
 // The rows a clock panel looks at when it applies its defaults.
 constexpr int kClockRows = 64;
 
-int NextInteger(std::string& text) {
-  std::string token = ReadNextToken(text);
-  return static_cast<int>(std::strtol(token.c_str(), nullptr, 10));
-}
-
 ClockSummaryInput::Box BoxOf(const Control* control) {
   ClockSummaryInput::Box box;
   if (control == nullptr) return box;
@@ -166,9 +161,9 @@ void ClockPanelBase::LoadState(const std::string& projectText) {
   for (std::size_t c = 0; c < controls_.size(); ++c) {
     Control& control = controls_[c];
     if (control.kind == ControlKind::kRadioGroup) {
-      for (ControlModel& option : control.parts) option.checked = NextInteger(rest) != 0;
+      for (ControlModel& option : control.parts) option.checked = NextSavedInteger(rest) != 0;
     } else if (control.kind == ControlKind::kCombobox) {
-      control.parts[0].Select(NextInteger(rest));
+      control.parts[0].Select(NextSavedInteger(rest));
     } else {
       continue;
     }
