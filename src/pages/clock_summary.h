@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "panels/framework/clock_values.h"
+
 namespace tessara {
 
 struct FamilyFlags;
@@ -58,13 +60,6 @@ ClockSummary WriteClockSummary(const ClockSummaryInput* clockLink,
 // The number behind "=" of the first of the rows that begins with `name` (compared on
 // the length of `name`, without regard to case); 0 when no row does.
 double ClockRowValue(const std::vector<std::string>& rows, std::string_view name);
-
-// The two clock values the KB family's panels read directly, in Hz. They are 0 until
-// the peripheral page first sets them and keep their value when it closes.
-struct ClockValues {
-  double SystemClockHz = 0;
-  double LowClockHz = 0;
-};
 
 // Sets the values from a KB chip's Clock2Panel: the number in the selected text of
 // Combobox_3 in MHz and that of Combobox_2 in kHz, each only while its box is enabled.

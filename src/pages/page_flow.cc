@@ -15,6 +15,7 @@ PageFlow::PageFlow(Application& application, ListColour selectedItemColour)
       peripherals_(application, selectedItemColour) {
   selection_.runPeripheralPage = [this] { OpenPeripheralPage(); };
   selection_.loadFile = [this](const std::string& path) { LoadFile(path); };
+  peripherals_.SetClockValues(&clocks_);
 }
 
 void PageFlow::Start() { selection_.Initialise(); }

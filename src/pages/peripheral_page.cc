@@ -74,6 +74,12 @@ PeripheralPage::PeripheralPage(Application& application, ListColour selectedItem
 
 PeripheralPage::~PeripheralPage() = default;
 
+void PeripheralPage::SetClockValues(const ClockValues* values) {
+  for (auto& instances : panels_) {
+    for (auto& slot : instances) slot->context.clockValues = values;
+  }
+}
+
 PeripheralPage::PanelSlot* PeripheralPage::SlotOf(PanelKind kind, int instance) const {
   const auto& instances = panels_[static_cast<std::size_t>(kind)];
   if (instance < 1 || instance > static_cast<int>(instances.size())) return nullptr;

@@ -39,6 +39,8 @@ class PeripheralPage {
   // page's clock panels; the one the group does not use is null.
   void Open(bool openedByNext, const PeripheralPanel* clockLink, const PeripheralPanel* clock2Link);
   bool IsOpen() const { return open_; }
+  // Where every panel reads SystemClockHz and LowClockHz; the owner keeps them alive.
+  void SetClockValues(const ClockValues* values);
 
   // A user's choice of list row `row`: loads its panel at the first selection.
   void Select(int row);

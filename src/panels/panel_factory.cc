@@ -1,5 +1,9 @@
 #include "panels/panel_factory.h"
 
+#include "panels/analog/adc2_panel.h"
+#include "panels/analog/adc3_panel.h"
+#include "panels/analog/adc4_panel.h"
+#include "panels/analog/adc_panel.h"
 #include "panels/analog/aec_panel.h"
 #include "panels/analog/wkp_panel.h"
 #include "panels/system/interrupt_panel.h"
@@ -12,6 +16,10 @@ namespace tessara {
 
 std::unique_ptr<PeripheralPanel> CreatePeripheralPanel(PanelKind kind) {
   switch (kind) {
+    case PanelKind::kADC: return std::make_unique<ADCPanel>();
+    case PanelKind::kADC2: return std::make_unique<ADC2Panel>();
+    case PanelKind::kADC3: return std::make_unique<ADC3Panel>();
+    case PanelKind::kADC4: return std::make_unique<ADC4Panel>();
     case PanelKind::kAEC: return std::make_unique<AECPanel>();
     case PanelKind::kWKP: return std::make_unique<WKPPanel>();
     case PanelKind::kPort: return std::make_unique<PortPanel>();

@@ -29,12 +29,15 @@ const std::vector<ExampleProject>& Examples() {
   static const std::vector<ExampleProject> examples = {
       {"qtl4c.tsr", "sfr_QTL4Cconfig.h", false,
        {"// Clock setting", "// Port0 setting", "// Timer RA setting"}},
-      {"qtl4v.tsr", "sfr_QTL4Vconfig.h", false, {"// Clock setting", "// Port0 setting"}},
-      {"qtl6p.tsr", "sfr_QTL6Pconfig.h", false, {"// Clock setting", "// Port0 setting"}},
-      {"znr94x.tsr", "sfr_ZNR94Xconfig.h", false, {"// Clock setting", "// Port0 setting"}},
+      {"qtl4v.tsr", "sfr_QTL4Vconfig.h", false,
+       {"// Clock setting", "// Port0 setting", "// A/D Converter setting"}},
+      {"qtl6p.tsr", "sfr_QTL6Pconfig.h", false,
+       {"// Clock setting", "// Port0 setting", "// A/D Converter setting"}},
+      {"znr94x.tsr", "sfr_ZNR94Xconfig.h", false,
+       {"// Clock setting", "// Port0 setting", "// A/D Converter setting"}},
       {"kb77161.tsr", "iodefine.h", true,
        {"// Clock setting", "// Port1 setting", "// WKP setting: wake-up pins",
-        "// AEC setting: asynchronous event counter"}},
+        "// AEC setting: asynchronous event counter", "// A/D Converter setting"}},
   };
   return examples;
 }

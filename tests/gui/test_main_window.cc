@@ -307,6 +307,25 @@ class TestMainWindow : public QObject {
     QCOMPARE(session.window->Pages()->currentWidget(), session.window->SelectionView());
   }
 
+  // The A/D converter of the QTL/4C chip: the repeat mode greys the ADTRG start, and the
+  // list shows the mode's row.
+  void theConverterModeGreysWhatItRulesOut() {
+    GuiSession session;
+    QTest::mouseClick(session.window->SelectionView()->NextButton(), Qt::LeftButton);
+    PeripheralPageView* page = session.window->PeripheralView();
+    QList<QListWidgetItem*> items = page->PeripheralList()->findItems("A/D Converter", Qt::MatchExactly);
+    QCOMPARE(items.size(), 1);
+    page->PeripheralList()->setCurrentItem(items.first());
+    PanelView* panel = page->Panel();
+    QTest::mouseClick(Option(panel, "Radiobox_1", 1), Qt::LeftButton);
+    QVERIFY(Option(panel, "Radiobox_3", 3)->isEnabled());
+    QTest::mouseClick(Option(panel, "Radiobox_2", 1), Qt::LeftButton);
+    QVERIFY(Option(panel, "Radiobox_2", 1)->isChecked());
+    QVERIFY(!Option(panel, "Radiobox_4", 1)->isEnabled());
+    QVERIFY(Option(panel, "Radiobox_4", 0)->isChecked());
+    QCOMPARE(page->ParameterListWidget()->findItems("admd=1", Qt::MatchExactly).size(), 1);
+  }
+
   void aBadTimeStopsGenerateUntilItIsFixed() {
     GuiSession session;
     QVERIFY(WriteProgramIni("Generate", "EnhancedGenerate", "0"));

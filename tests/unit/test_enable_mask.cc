@@ -112,5 +112,28 @@ TEST(ShowMaskTest, HidesAndShowsTargetsAndIgnoresOtherLetters) {
   EXPECT_TRUE(c[0].parts[0].visible);
 }
 
+// One place may steer several targets, each with its own variant; places that no entry
+// names are not read.
+TEST(EnableMaskTest, PlacedMaskStepsOverUnreadPlacesAndMixesVariants) {
+  std::vector<Control> c = GroupBoxAndCheck();
+  c[0].CheckOption(1);
+  ApplyPlacedMask("0x0z", {{0, {0, 0}, MaskVariant::kInvertFirstOption},
+                           {2, {1, -1}},
+                           {2, {0, 1}},
+                           {3, {2, -1}, MaskVariant::kAnyNonZeroEnables}},
+                  c);
+  EXPECT_FALSE(c[0].parts[0].enabled);
+  EXPECT_FALSE(c[0].parts[1].enabled);
+  // The inverted first place checked the second option; the second place's "0" threw
+  // the check back to the first.
+  EXPECT_EQ(c[0].CheckedPart(), 0);
+  EXPECT_FALSE(c[1].parts[0].enabled);
+  EXPECT_TRUE(c[2].parts[0].enabled);
+  c[2].parts[0].enabled = false;
+  ApplyPlacedMask("1", {{0, {0, 0}}, {5, {2, -1}}}, c);
+  EXPECT_TRUE(c[0].parts[0].enabled);
+  EXPECT_FALSE(c[2].parts[0].enabled);
+}
+
 }  // namespace
 }  // namespace tessara

@@ -41,6 +41,16 @@ double OscillatorClockOf(const PanelContext* context, double x) {
   return clock2 == nullptr ? x : clock2->OscillatorClock(x);
 }
 
+double SystemClockHzOf(const PanelContext* context) {
+  if (context == nullptr || context->clockValues == nullptr) return 0;
+  return context->clockValues->SystemClockHz;
+}
+
+double LowClockHzOf(const PanelContext* context) {
+  if (context == nullptr || context->clockValues == nullptr) return 0;
+  return context->clockValues->LowClockHz;
+}
+
 namespace {
 
 // The number behind "=" of the first row that begins with `prefix`; 1 without one.

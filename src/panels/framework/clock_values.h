@@ -9,6 +9,13 @@ namespace tessara {
 
 struct PanelContext;
 
+// The two clock values the KB family's panels read directly, in Hz. They are 0 until
+// the peripheral page first sets them and keep their value when it closes.
+struct ClockValues {
+  double SystemClockHz = 0;
+  double LowClockHz = 0;
+};
+
 // What a panel with a time or frequency field reads of the clocks. The clock panels
 // stand on the selection page; a panel reaches them only through the links of its
 // context, and only their rows "clk" and "oscdiv" and the oscillator divider.
@@ -28,6 +35,10 @@ bool HasClock2Link(const PanelContext* context);
 // The Clock2Panel's OscillatorClock of x. Without a Clock2Panel link x is returned
 // unchanged: there is no oscillator divider to apply.
 double OscillatorClockOf(const PanelContext* context, double x);
+
+// The values the page last set; 0 without a context or before the page set them.
+double SystemClockHzOf(const PanelContext* context);
+double LowClockHzOf(const PanelContext* context);
 
 // The clock f after the oscillator stage as the serial channels see it, with family
 // tests and a ceiling of their own: f cut to a whole number, divided by the "oscdiv"

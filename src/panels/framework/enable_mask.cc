@@ -73,21 +73,36 @@ void SetEnabled(Control& control, int part, bool enabled, MaskVariant variant) {
 
 }  // namespace
 
+namespace {
+
+void ApplyDigit(char digit, const MaskTarget& target, std::vector<Control>& controls,
+                MaskVariant variant) {
+  if (target.control < 0 || target.control >= static_cast<int>(controls.size())) return;
+  bool enable;
+  if (variant == MaskVariant::kAnyNonZeroEnables) {
+    enable = digit != '0';
+  } else if (digit == '0' || digit == '1') {
+    enable = digit == '1';
+  } else {
+    return;
+  }
+  SetEnabled(controls[static_cast<std::size_t>(target.control)], target.part, enable, variant);
+}
+
+}  // namespace
+
 void ApplyEnableMask(std::string_view mask, const std::vector<MaskTarget>& targets,
                      std::vector<Control>& controls, MaskVariant variant) {
   for (std::size_t place = 0; place < mask.size() && place < targets.size(); ++place) {
-    const MaskTarget& target = targets[place];
-    if (target.control < 0 || target.control >= static_cast<int>(controls.size())) continue;
-    char digit = mask[place];
-    bool enable;
-    if (variant == MaskVariant::kAnyNonZeroEnables) {
-      enable = digit != '0';
-    } else if (digit == '0' || digit == '1') {
-      enable = digit == '1';
-    } else {
-      continue;
-    }
-    SetEnabled(controls[static_cast<std::size_t>(target.control)], target.part, enable, variant);
+    ApplyDigit(mask[place], targets[place], controls, variant);
+  }
+}
+
+void ApplyPlacedMask(std::string_view mask, const std::vector<PlacedTarget>& placed,
+                     std::vector<Control>& controls) {
+  for (const PlacedTarget& entry : placed) {
+    if (entry.place < 0 || entry.place >= static_cast<int>(mask.size())) continue;
+    ApplyDigit(mask[static_cast<std::size_t>(entry.place)], entry.target, controls, entry.variant);
   }
 }
 

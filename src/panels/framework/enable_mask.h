@@ -35,6 +35,19 @@ enum class MaskVariant {
 void ApplyEnableMask(std::string_view mask, const std::vector<MaskTarget>& targets,
                      std::vector<Control>& controls, MaskVariant variant = MaskVariant::kStandard);
 
+// A target with the mask place that steers it and how that place's digit acts. One
+// place may steer several targets, and places that no entry names are not read.
+struct PlacedTarget {
+  int place = 0;  // from 0
+  MaskTarget target;
+  MaskVariant variant = MaskVariant::kStandard;
+};
+
+// Applies a mask whose places map to targets through `placed`, each entry with its
+// own variant. Runs no handler.
+void ApplyPlacedMask(std::string_view mask, const std::vector<PlacedTarget>& placed,
+                     std::vector<Control>& controls);
+
 // Applies a ShowMask: "H" hides the target, "S" shows it, anything else leaves it.
 void ApplyShowMask(std::string_view mask, const std::vector<MaskTarget>& targets,
                    std::vector<Control>& controls);

@@ -8,6 +8,7 @@ namespace tessara {
 class Host;
 class ParameterList;
 class PeripheralPanel;
+struct ClockValues;
 struct DatabaseEntry;
 struct FamilyFlags;
 
@@ -40,6 +41,8 @@ struct PanelContext {
   const PeripheralPanel* clock2Link = nullptr;
   // The clock of the Clock2Panel's oscillator in Hz, when the clock panels provide it.
   std::function<double()> oscillatorClock;
+  // The process-wide SystemClockHz and LowClockHz that the page sets when it opens.
+  const ClockValues* clockValues = nullptr;
   ExtraSettingsView* popup = nullptr;  // null while the popup does not exist
   bool hasExtraSettings = false;       // the page's flag for the peripheral shown
 };

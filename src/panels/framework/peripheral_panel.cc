@@ -397,7 +397,7 @@ void PeripheralPanel::HandleGroupOne(int control) {
   }
   if (choice >= 0) {
     currentChoice_ = choice;
-    ApplyMaskAndRerun(control, row.Cell(8 + choice));
+    ApplyGroupOneMask(control, row.Cell(8 + choice));
     if (behaviour_.groupOneWritesRow) {
       WriteOptionRow(choice, control);
       return;
@@ -429,6 +429,7 @@ void PeripheralPanel::HandleOptionGroup(int control) {
 void PeripheralPanel::ApplyMaskAndRerun(int control, std::string_view mask) {
   const std::vector<MaskTarget>& targets = MaskTargetsOf(control);
   ApplyEnableMask(mask, targets, controls_, behaviour_.maskVariant);
+  if (mask.empty() && behaviour_.emptyMaskSkipsRerun) return;
   RerunDependents(targets);
 }
 
@@ -490,7 +491,7 @@ void PeripheralPanel::WriteOptionRow(int choice, int control) {
   const std::string& cell = row.Cell((fourOptions ? 5 : 3) + choice);
   const std::string& comment = row.Cell((fourOptions ? 9 : 5) + choice);
   std::string name(RowName(cell));
-  WriteParameterRow(cell, comment);
+  if (!cell.empty() || !behaviour_.emptyOptionCellWritesNothing) WriteParameterRow(cell, comment);
   RefreshParameters(name);
 }
 
@@ -518,6 +519,11 @@ std::string PeripheralPanel::ApplyComboItem(int control, const PanelRow& row, in
   // and n + 2j, its comment at 3n + j.
   int n = SpecOf(control).itemCount;
   if (n <= 0 || cell <= 0) return std::string();
+  if (SpecOf(control).oneRowPerItem) {
+    const std::string& itemRow = row.Cell(cell + n);
+    if (!itemRow.empty()) WriteParameterRow(itemRow, row.Cell(cell + 2 * n));
+    return std::string(RowName(itemRow));
+  }
   const std::string& comment = row.Cell(3 * n + cell);
   std::string firstName(RowName(row.Cell((n - 1) + 2 * cell)));
   for (int rowCell : {(n - 1) + 2 * cell, n + 2 * cell}) {
@@ -725,6 +731,7 @@ void PeripheralPanel::SaveState(std::string& text) const {
         text += FormatC("%d %d ", part.checked ? 1 : 0,
                         control.parts.size() > 1 && control.parts[1].checked ? 1 : 0);
         break;
+      case SavedForm::kBox: text += part.checked ? "1 " : "0 "; break;
       case SavedForm::kAllOptions:
         for (const ControlModel& option : control.parts) text += option.checked ? "1 " : "0 ";
         break;
@@ -775,6 +782,10 @@ void PeripheralPanel::LoadState(const std::string& projectText) {
       case SavedForm::kText:
         part.SetText(ReadNextToken(rest));
         OnComboEditbox(c, value.part, part.text);
+        break;
+      case SavedForm::kBox:
+        part.checked = NextSavedInteger(rest) != 0;
+        OnCheckbox(c, value.part);
         break;
     }
   }

@@ -34,6 +34,9 @@ struct ControlSpec {
   int enableDigitsCell = -1;
   FieldClass fieldClass = FieldClass::kNone;  // ComboEditbox fields
   int itemCount = 0;  // Combobox: items of the usual row layout, for its item cells
+  // Combobox: item j has one row at cell j + itemCount and its comment at
+  // j + 2 x itemCount, instead of the usual two rows.
+  bool oneRowPerItem = false;
   // A RadioGroup that is one option button of its own (a pair made of two keys).
   bool singleOption = false;
 };
@@ -48,6 +51,12 @@ struct PanelBehaviour {
   bool checkedOptionMustBeEnabled = false;
   bool refreshGuard = false;  // RefreshParameters waits while a mask re-runs handlers
   MaskVariant maskVariant = MaskVariant::kStandard;
+  // An empty mask re-runs no dependent handler.
+  bool emptyMaskSkipsRerun = false;
+  // An ExtraComment item of a Combobox gives its first text while the box is enabled.
+  bool listGivesFirstText = false;
+  // WriteOptionRow leaves the rows alone when the option's cell is empty.
+  bool emptyOptionCellWritesNothing = false;
   // Every non-empty slot is a row of the list and of the code: the kinds whose rows
   // hold whole register bytes keep no ActiveKeys.
   bool showAllRows = false;
@@ -80,8 +89,8 @@ struct ErrorFieldName {
 // One value of a panel's save line. A RadioGroup gives the check states of its first
 // two options, or with kAllOptions of every option it has; a list index is a
 // Combobox's selection or that of a ComboEditbox field; a field text is written as it
-// stands, followed by a blank.
-enum class SavedForm { kOptions, kAllOptions, kIndex, kText };
+// stands, followed by a blank; a box is the check state of box `part` of a Checkbox block.
+enum class SavedForm { kOptions, kAllOptions, kIndex, kText, kBox };
 
 // The next value of a save line as decimal, the way atoi reads it; an empty token reads
 // as 0. The value is taken off the front of `text`.
@@ -90,7 +99,7 @@ int NextSavedInteger(std::string& text);
 struct SavedValue {
   int control = 0;
   SavedForm form = SavedForm::kOptions;
-  int part = 0;  // the field of a ComboEditbox
+  int part = 0;  // the field of a ComboEditbox, the box of a Checkbox block
 };
 
 // A Combobox whose items follow an option: its own item texts and the last mask
@@ -259,6 +268,12 @@ class PeripheralPanel {
   virtual std::vector<ErrorFieldName> ErrorFieldNames() const { return {}; }
   // Whether error row r of a table names the parameter `name`.
   virtual bool ErrorRowMatches(const ErrorTable& table, int r, std::string_view name) const;
+
+  // Applies the mask of RadioGroup 1's checked option and re-runs what it steers; kinds
+  // whose switch mask is not one place per target supply their own.
+  virtual void ApplyGroupOneMask(int control, std::string_view mask) {
+    ApplyMaskAndRerun(control, mask);
+  }
 
   // --- Building blocks of handlers.
   void HandleGroupOne(int control);

@@ -64,7 +64,8 @@ bool GateHolds(std::string_view gate, const std::vector<Control>& controls, cons
 
 std::string EvaluateItem(std::string_view left, std::string_view right,
                          const std::vector<Control>& controls, const RowTable& rows,
-                         int cellsPerRow, const std::vector<int>& textOptions) {
+                         int cellsPerRow, const std::vector<int>& textOptions,
+                         bool listGivesFirstText) {
   std::string_view key = left;
   std::string_view gate;
   std::size_t comma = left.find(',');
@@ -86,6 +87,7 @@ std::string EvaluateItem(std::string_view left, std::string_view right,
       }
       case ControlKind::kCombobox:
         if (control->parts[0].enabled) {
+          if (listGivesFirstText) return std::string(TextNumber(texts, 1));
           chosen = TextNumber(texts, SelectedCell(*control, rows, cellsPerRow));
         }
         break;
@@ -103,7 +105,7 @@ std::string EvaluateItem(std::string_view left, std::string_view right,
 
 std::string EmitRegisterCode(std::string_view extraComment, const std::vector<Control>& controls,
                              const RowTable& rows, int cellsPerRow,
-                             const std::vector<int>& textOptions) {
+                             const std::vector<int>& textOptions, bool listGivesFirstText) {
   std::string out;
   if (extraComment.empty()) return out;
   std::string_view work = extraComment.substr(0, kExtraCommentLength);
@@ -113,7 +115,7 @@ std::string EmitRegisterCode(std::string_view extraComment, const std::vector<Co
     std::size_t equals = text.find('=');
     if (equals != std::string_view::npos) {
       std::string t = EvaluateItem(text.substr(0, equals), text.substr(equals + 1), controls,
-                                   rows, cellsPerRow, textOptions);
+                                   rows, cellsPerRow, textOptions, listGivesFirstText);
       if (!t.empty()) {
         out = "\t" + out + "\n\t" + t;
         out.erase(0, out.find_first_not_of(" \t\n\r\v\f"));
@@ -146,7 +148,7 @@ void PeripheralPanel::EmitRegisterCode(std::string& out) const {
     textOptions.push_back(EmissionTextOptions(control));
   }
   out = tessara::EmitRegisterCode(extraComment_, keys, rowTable_, Traits().cellsPerRow,
-                                  textOptions);
+                                  textOptions, behaviour_.listGivesFirstText);
 }
 
 void PeripheralPanel::EmitExtraCode(std::string& out) const {

@@ -20,10 +20,13 @@ inline constexpr int kExtraCommentTexts = 20;
 // line feed and tab; empty for an empty ExtraComment. `rows` gives the cell of a
 // Combobox's selected item.
 // `textOptions`, where given, holds for each control how many of its options, from
-// the first, choose a text as Key; a later checked option gives nothing.
+// the first, choose a text as Key; a later checked option gives nothing. With
+// `listGivesFirstText` an enabled Combobox gives its first text whatever item is
+// selected, and its gate does not count.
 std::string EmitRegisterCode(std::string_view extraComment, const std::vector<Control>& controls,
                              const RowTable& rows, int cellsPerRow,
-                             const std::vector<int>& textOptions = {});
+                             const std::vector<int>& textOptions = {},
+                             bool listGivesFirstText = false);
 
 // The texts of an ExtraParameter that a "," closes, each followed by line feed and tab.
 std::string EmitExtraCode(std::string_view extraParameter);
