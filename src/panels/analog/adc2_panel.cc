@@ -32,11 +32,11 @@ constexpr int kSecondGroupMask = 51;
 constexpr std::string_view kOscillatorPrefix = "fOCO-F";
 
 ControlSpec List(const char* key, int items, int enableDigitsCell) {
-  ControlSpec spec{ControlKind::kCombobox, key, 1, {}};
-  spec.itemCount = items;
-  spec.oneRowPerItem = true;
-  spec.enableDigitsCell = enableDigitsCell;
-  return spec;
+  ControlSpec controlSpec{ControlKind::kCombobox, key, 1, {}};
+  controlSpec.itemCount = items;
+  controlSpec.oneRowPerItem = true;
+  controlSpec.enableDigitsCell = enableDigitsCell;
+  return controlSpec;
 }
 
 std::vector<ControlSpec> Adc2Controls() {

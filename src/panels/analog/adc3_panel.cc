@@ -23,11 +23,11 @@ constexpr std::string_view kTooFastWarning =
     ", Warning: Conversion times faster than minimum conversion times (7.8us) ";
 
 ControlSpec List(const char* key, int items, int enableDigitsCell) {
-  ControlSpec spec{ControlKind::kCombobox, key, 1, {}};
-  spec.itemCount = items;
-  spec.oneRowPerItem = true;
-  spec.enableDigitsCell = enableDigitsCell;
-  return spec;
+  ControlSpec controlSpec{ControlKind::kCombobox, key, 1, {}};
+  controlSpec.itemCount = items;
+  controlSpec.oneRowPerItem = true;
+  controlSpec.enableDigitsCell = enableDigitsCell;
+  return controlSpec;
 }
 
 std::vector<ControlSpec> Adc3Controls() {

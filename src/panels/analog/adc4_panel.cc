@@ -61,10 +61,10 @@ std::vector<ControlSpec> Adc4Controls() {
     controls.push_back({ControlKind::kRadioGroup, "Radiobox_" + std::to_string(group), 2, {}});
   }
   for (int list = 0; list < kLists; ++list) {
-    ControlSpec spec{ControlKind::kCombobox, "Combobox_" + std::to_string(list + 1), 1, {}};
-    spec.itemCount = kListItems[list];
-    spec.oneRowPerItem = true;
-    controls.push_back(std::move(spec));
+    ControlSpec controlSpec{ControlKind::kCombobox, "Combobox_" + std::to_string(list + 1), 1, {}};
+    controlSpec.itemCount = kListItems[list];
+    controlSpec.oneRowPerItem = true;
+    controls.push_back(std::move(controlSpec));
   }
   controls.push_back({ControlKind::kCheckbox, "Checkbox_1", 4, {}});
   controls.push_back({ControlKind::kCheckbox, "Checkbox_2", 8, {}});

@@ -10,31 +10,31 @@ namespace tessara {
 std::vector<ControlSpec> ControlsFromLayout(PanelKind kind) {
   std::vector<ControlSpec> specs;
   for (const RowKeyLayout& layout : RowKeysOf(kind)) {
-    ControlSpec spec;
-    spec.kind = layout.kind;
-    spec.key = layout.key;
+    ControlSpec controlSpec;
+    controlSpec.kind = layout.kind;
+    controlSpec.key = layout.key;
     int labels = layout.copied.empty() ? 0 : static_cast<int>(layout.copied.size()) - 1;
     switch (layout.kind) {
       case ControlKind::kRadioGroup:
-        spec.parts = std::max(2, labels);
+        controlSpec.parts = std::max(2, labels);
         break;
       case ControlKind::kCheckbox:
-        spec.parts = std::max({1, labels, static_cast<int>(layout.links.size()),
+        controlSpec.parts = std::max({1, labels, static_cast<int>(layout.links.size()),
                                static_cast<int>(layout.pairs.size())});
         break;
       case ControlKind::kComboEditbox:
-        spec.parts = std::max(1, static_cast<int>(layout.availability.size()));
+        controlSpec.parts = std::max(1, static_cast<int>(layout.availability.size()));
         break;
       default:
-        spec.parts = 1;
+        controlSpec.parts = 1;
         break;
     }
-    specs.push_back(std::move(spec));
+    specs.push_back(std::move(controlSpec));
   }
   // Controls stand in the order of their keys' numbers within each word, as a panel
   // lists them.
-  auto number = [](const ControlSpec& spec) {
-    return std::atoi(spec.key.c_str() + spec.key.rfind('_') + 1);
+  auto number = [](const ControlSpec& controlSpec) {
+    return std::atoi(controlSpec.key.c_str() + controlSpec.key.rfind('_') + 1);
   };
   std::stable_sort(specs.begin(), specs.end(), [&](const ControlSpec& a, const ControlSpec& b) {
     return a.kind == b.kind && number(a) < number(b);

@@ -79,19 +79,19 @@ PeripheralPanel::PeripheralPanel(PanelKind kind, std::vector<ControlSpec> contro
   extraCheckRows_.assign(kExtraCheckSlots, std::vector<std::string>(n));
   extraCheckComments_.assign(kExtraCheckSlots, std::vector<std::string>(n));
 
-  for (const ControlSpec& spec : specs_) {
+  for (const ControlSpec& controlSpec : specs_) {
     Control control;
-    control.kind = spec.kind;
-    control.key = spec.key;
-    int parts = spec.parts < 1 ? 1 : spec.parts;
-    if (spec.kind == ControlKind::kRadioGroup && parts < 2 && !spec.singleOption) parts = 2;
+    control.kind = controlSpec.kind;
+    control.key = controlSpec.key;
+    int parts = controlSpec.parts < 1 ? 1 : controlSpec.parts;
+    if (controlSpec.kind == ControlKind::kRadioGroup && parts < 2 && !controlSpec.singleOption) parts = 2;
     control.parts.resize(static_cast<std::size_t>(parts));
-    for (ControlModel& part : control.parts) part.editable = spec.kind == ControlKind::kComboEditbox;
+    for (ControlModel& part : control.parts) part.editable = controlSpec.kind == ControlKind::kComboEditbox;
     controls_.push_back(std::move(control));
   }
-  for (const ControlSpec& spec : specs_) {
+  for (const ControlSpec& controlSpec : specs_) {
     std::vector<MaskTarget> targets;
-    for (const auto& [key, part] : spec.maskTargets) {
+    for (const auto& [key, part] : controlSpec.maskTargets) {
       targets.push_back(MaskTarget{ControlIndex(key), part});
     }
     maskTargets_.push_back(std::move(targets));

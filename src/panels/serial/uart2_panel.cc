@@ -84,16 +84,16 @@ std::vector<ControlSpec> Uart2Controls() {
   std::vector<ControlSpec> controls;
   controls.push_back({ControlKind::kCombobox, "Combobox_1", 1, {}});
   for (int group = 1; group <= 11; ++group) {
-    ControlSpec spec{ControlKind::kRadioGroup, Key("Radiobox_", group), 2, {}};
+    ControlSpec controlSpec{ControlKind::kRadioGroup, Key("Radiobox_", group), 2, {}};
     if (group == 2) {
-      spec.parts = 4;
-      spec.enableDigitsCell = 17;
+      controlSpec.parts = 4;
+      controlSpec.enableDigitsCell = 17;
     }
     // The two-place mask of group 4 steers group 5, the one-place mask of group 10
     // the transmit data.
-    if (group == 4) spec.maskTargets = BothOptionsOf({"Radiobox_5"});
-    if (group == 10) spec.maskTargets = {{"ComboEditbox_2", -1}};
-    controls.push_back(std::move(spec));
+    if (group == 4) controlSpec.maskTargets = BothOptionsOf({"Radiobox_5"});
+    if (group == 10) controlSpec.maskTargets = {{"ComboEditbox_2", -1}};
+    controls.push_back(std::move(controlSpec));
   }
   ControlSpec divider{ControlKind::kComboEditbox, "ComboEditbox_1", 2, {}};
   divider.enableDigitsCell = 9;

@@ -34,9 +34,9 @@ std::vector<ControlSpec> KeyInputControls() {
   ControlSpec single{ControlKind::kRadioGroup, "", 1, {}};
   single.singleOption = true;
   auto option = [&](const char* key) {
-    ControlSpec spec = single;
-    spec.key = key;
-    return spec;
+    ControlSpec controlSpec = single;
+    controlSpec.key = key;
+    return controlSpec;
   };
   return {
       {ControlKind::kRadioGroup, "Radiobox_1", 8, {}},

@@ -41,16 +41,16 @@ std::vector<ControlSpec> TimerRaControls() {
   std::vector<ControlSpec> controls;
   controls.push_back({ControlKind::kRadioGroup, "Radiobox_1", 2, {}});
   for (int group = 2; group <= 8; ++group) {
-    ControlSpec spec{ControlKind::kRadioGroup, "Radiobox_" + std::to_string(group), 2, {}};
+    ControlSpec controlSpec{ControlKind::kRadioGroup, "Radiobox_" + std::to_string(group), 2, {}};
     // Groups 2 and 7 each steer a list with a mask of one place.
-    if (group == 2) spec.maskTargets = {{"Combobox_4", -1}};
-    if (group == 7) spec.maskTargets = {{"Combobox_5", -1}};
-    controls.push_back(std::move(spec));
+    if (group == 2) controlSpec.maskTargets = {{"Combobox_4", -1}};
+    if (group == 7) controlSpec.maskTargets = {{"Combobox_5", -1}};
+    controls.push_back(std::move(controlSpec));
   }
   auto list = [](const char* key, int enableDigitsCell) {
-    ControlSpec spec{ControlKind::kCombobox, key, 1, {}};
-    spec.enableDigitsCell = enableDigitsCell;
-    return spec;
+    ControlSpec controlSpec{ControlKind::kCombobox, key, 1, {}};
+    controlSpec.enableDigitsCell = enableDigitsCell;
+    return controlSpec;
   };
   controls.push_back(list("Combobox_1", 16));
   controls.push_back(list("Combobox_2", 21));
