@@ -9,6 +9,9 @@ namespace tessara {
 
 namespace {
 
+// Cells of the source row (option c from 0).
+constexpr ClockSourceCells kSourceCells = {5, 9, 13, 17, 23, 27};
+
 std::vector<ControlSpec> Clock2Controls() {
   return {
       {ControlKind::kRadioGroup, "Radiobox_1", 4, {}}, {ControlKind::kRadioGroup, "Radiobox_2", 2, {}},
@@ -19,13 +22,6 @@ std::vector<ControlSpec> Clock2Controls() {
   };
 }
 
-// Cells of the source row (option c from 0).
-constexpr int kSourceFirstRow = 5;
-constexpr int kSourceSecondRow = 9;
-constexpr int kSourceFirstComment = 13;
-constexpr int kSourceSecondComment = 17;
-constexpr int kSourceMask = 23;
-constexpr int kSourceThirdRow = 27;
 constexpr int kFourthSource = 3;
 constexpr int kThirdSource = 2;
 
@@ -106,26 +102,8 @@ double Clock2Panel::OscillatorClock(double x) const {
   return std::trunc(std::trunc(x) / divider);
 }
 
-void Clock2Panel::OnRadioGroup(int control) {
-  if (control == Index("Radiobox_1")) {
-    SourceChanged(control);
-    return;
-  }
-  int option = CountingOption(control);
-  if (option >= 0) WriteOptionRow(option, control);
-}
-
 void Clock2Panel::SourceChanged(int control) {
-  const PanelRow& row = RowOf(control);
-  int c = controls_[static_cast<std::size_t>(control)].CheckedPart();
-  if (c < 0) return;
-  ApplySourceMask(row.Cell(kSourceMask + c));
-  std::string name = WriteCell(row, kSourceFirstRow + c, kSourceFirstComment + c);
-  if (!row.Cell(kSourceFirstRow + c).empty()) {
-    WriteCell(row, kSourceSecondRow + c, kSourceSecondComment + c);
-  }
-  RefreshParameters(name);
-  WriteCell(row, kSourceThirdRow + c, -1);
+  WriteSourceRows(control, kSourceCells);
 }
 
 void Clock2Panel::ApplySourceMask(std::string_view mask) {

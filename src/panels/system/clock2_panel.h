@@ -24,12 +24,11 @@ class Clock2Panel : public ClockPanelBase {
   std::vector<std::string> Box5Items() const;
 
  protected:
-  void OnRadioGroup(int control) override;
   void OnCombobox(int control) override;
 
  private:
-  void SourceChanged(int control);
-  void ApplySourceMask(std::string_view mask);
+  void SourceChanged(int control) override;
+  void ApplySourceMask(std::string_view mask) override;
   void RefillBox5(const std::string& digits, const std::string& index);
   void Box5Changed(int control);
 

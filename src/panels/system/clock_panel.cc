@@ -8,6 +8,9 @@ namespace tessara {
 
 namespace {
 
+// Cells of the source row (option c from 0).
+constexpr ClockSourceCells kSourceCells = {4, 7, 10, 13, 18, 21};
+
 std::vector<ControlSpec> ClockControls() {
   return {
       {ControlKind::kRadioGroup, "Radiobox_1", 3, {}},
@@ -18,13 +21,6 @@ std::vector<ControlSpec> ClockControls() {
   };
 }
 
-// Cells of the source row (option c from 0).
-constexpr int kSourceFirstRow = 4;
-constexpr int kSourceSecondRow = 7;
-constexpr int kSourceFirstComment = 10;
-constexpr int kSourceSecondComment = 13;
-constexpr int kSourceMask = 18;
-constexpr int kSourceThirdRow = 21;
 // The divider's start index, which a "0" of the source mask selects.
 constexpr int kDividerStartIndex = 18;
 
@@ -46,27 +42,8 @@ void ClockPanel::OnInitDialog() {
   controls_[static_cast<std::size_t>(Index("Radiobox_2"))].CheckOption(1);
 }
 
-void ClockPanel::OnRadioGroup(int control) {
-  if (control == Index("Radiobox_1")) {
-    SourceChanged(control);
-    return;
-  }
-  int option = CountingOption(control);
-  if (option >= 0) WriteOptionRow(option, control);
-}
-
 void ClockPanel::SourceChanged(int control) {
-  const PanelRow& row = RowOf(control);
-  int c = controls_[static_cast<std::size_t>(control)].CheckedPart();
-  if (c < 0) return;
-  ApplySourceMask(row.Cell(kSourceMask + c));
-  std::string name = WriteCell(row, kSourceFirstRow + c, kSourceFirstComment + c);
-  if (!row.Cell(kSourceFirstRow + c).empty()) {
-    WriteCell(row, kSourceSecondRow + c, kSourceSecondComment + c);
-  }
-  RefreshParameters(name);
-  WriteCell(row, kSourceThirdRow + c, -1);
-  RunHandlers({"Combobox_2", "Combobox_3"});
+  if (WriteSourceRows(control, kSourceCells)) RunHandlers({"Combobox_2", "Combobox_3"});
 }
 
 void ClockPanel::ApplySourceMask(std::string_view mask) {

@@ -20,12 +20,11 @@ class ClockPanel : public ClockPanelBase {
   void OnInitDialog() override;
 
  protected:
-  void OnRadioGroup(int control) override;
   void OnCombobox(int control) override;
 
  private:
-  void SourceChanged(int control);
-  void ApplySourceMask(std::string_view mask);
+  void SourceChanged(int control) override;
+  void ApplySourceMask(std::string_view mask) override;
 };
 
 }  // namespace tessara

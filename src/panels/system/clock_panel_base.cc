@@ -186,4 +186,27 @@ ClockSummaryInput ClockPanelBase::SummaryInput() const {
   return input;
 }
 
+void ClockPanelBase::OnRadioGroup(int control) {
+  if (control == Index("Radiobox_1")) {
+    SourceChanged(control);
+    return;
+  }
+  int option = CountingOption(control);
+  if (option >= 0) WriteOptionRow(option, control);
+}
+
+bool ClockPanelBase::WriteSourceRows(int control, const ClockSourceCells& cells) {
+  const PanelRow& row = RowOf(control);
+  int c = controls_[static_cast<std::size_t>(control)].CheckedPart();
+  if (c < 0) return false;
+  ApplySourceMask(row.Cell(cells.mask + c));
+  std::string name = WriteCell(row, cells.firstRow + c, cells.firstComment + c);
+  if (!row.Cell(cells.firstRow + c).empty()) {
+    WriteCell(row, cells.secondRow + c, cells.secondComment + c);
+  }
+  RefreshParameters(name);
+  WriteCell(row, cells.thirdRow + c, -1);
+  return true;
+}
+
 }  // namespace tessara

@@ -18,6 +18,11 @@ struct ClockControlCells {
   int activeSlots;   // slots of ActiveKeys the control fills while it is enabled
 };
 
+// Where the source group's row keeps its per-option runs: the first cell of each.
+struct ClockSourceCells {
+  int firstRow, secondRow, firstComment, secondComment, mask, thirdRow;
+};
+
 // What the ClockPanel and the Clock2Panel share. Both stand on the selection page, are
 // reloaded with every group, save every option of a group (not only two), let the
 // EnableDigits enable as well as disable, and force the *second* option of a group
@@ -36,6 +41,15 @@ class ClockPanelBase : public PeripheralPanel {
                  std::vector<ClockControlCells> cells);
 
   void BuildActiveKeys() override;
+
+  // Radiobox_1 is the clock source; every other group writes its counting option's row.
+  void OnRadioGroup(int control) override;
+  // The source group changed: each panel applies its mask and writes its rows.
+  virtual void SourceChanged(int control) = 0;
+  virtual void ApplySourceMask(std::string_view mask) = 0;
+  // Applies the checked source option's mask and writes its rows, refreshing behind the
+  // first; false when no option is checked.
+  bool WriteSourceRows(int control, const ClockSourceCells& cells);
 
   // The cell of `row` that holds the selected item of a list, searched from
   // `firstCell`; 0 when the list has no selection or the text stands in no cell.
