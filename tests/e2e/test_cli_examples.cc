@@ -38,6 +38,8 @@ const std::vector<ExampleProject>& Examples() {
       {"kb77161.tsr", "iodefine.h", true,
        {"// Clock setting", "// Port1 setting", "// WKP setting: wake-up pins",
         "// AEC setting: asynchronous event counter", "// A/D Converter setting"}},
+      {"uart_qtl4c.tsr", "sfr_QTL4Cconfig.h", false,
+       {"// Clock setting", "// Port0 setting", "// UART0 setting", "// UART1 setting"}},
   };
   return examples;
 }
@@ -156,6 +158,51 @@ TEST_F(CliExamplesTest, TheTimerRaExamplePrintsItsRows) {
             "tramr.tmod=0x00\t//Timer mode\n"
             "tramr.tck=0x02\t//Count source f8\n"
             "tracr.tstart=1\t//Count started at once\n");
+}
+
+// The UART example runs on 36.864 MHz. UART0 counts f8, so a = 36864000 x 0.0625 / 8 =
+// 288000: 9600 bit/s give 288000 / 9600 - 1 = 29, the rates reach from
+// ceil(288000 / 256) = 1125 to 288000 / 1, and the bit times from
+// 2 x 8 x 1 / 36864000 s = 0.434 us to 2 x 8 x 256 / 36864000 s = 111.111 us. UART1
+// counts f1: a = 2304000, 115200 bit/s give 19 and the lowest rate is 2304000 / 256.
+// The range in a comment is rounded: 0.434 lies below the shortest time, 0.435 above.
+TEST_F(CliExamplesTest, TheUartExampleHoldsItsDividersAndEachChannelShowsItsOwnRange) {
+  CliResult result = RunCli({"--home", home.path(), "run", "-"},
+                            "load \"" + ExamplePath("uart_qtl4c.tsr") + "\"\nnext\n"
+                            "select UART0\nrows\n"
+                            "type ComboEditbox_1:2 1125\nrows\ntype ComboEditbox_1:2 1124\nrows\n"
+                            "type ComboEditbox_1:2 288000\nrows\ntype ComboEditbox_1:2 288001\nrows\n"
+                            "type ComboEditbox_1:1 0.434\nrows\ntype ComboEditbox_1:1 0.435\nrows\n"
+                            "type ComboEditbox_1:1 111.111\nrows\ntype ComboEditbox_1:1 111.112\nrows\n"
+                            "select UART1\nrows\n"
+                            "type ComboEditbox_1:2 8999\nrows\ntype ComboEditbox_1:2 9000\nrows\n"
+                            "errors\n");
+  EXPECT_EQ(result.status, 3) << result.err;
+  std::vector<std::string> dividers;
+  std::istringstream lines(result.out);
+  for (std::string line; std::getline(lines, line);) {
+    if (line.rfind("u0brg=", 0) == 0 || line.rfind("u1brg=", 0) == 0 || line.rfind("E1", 0) == 0) {
+      dividers.push_back(line);
+    }
+  }
+  const std::string rateRange0 = "\t//Bit rate out of range. 1125bps < Bit rate: < 288000bps";
+  const std::string timeRange0 = "\t//Bit time out of range. 0.434us < Bit time: < 111.111us";
+  EXPECT_EQ(dividers, (std::vector<std::string>{
+                          "u0brg=29\t//Divider for the bit rate",
+                          "u0brg=255\t//Divider for the bit rate",
+                          "u0brg=INVALID_MIN" + rateRange0,
+                          "u0brg=0\t//Divider for the bit rate",
+                          "u0brg=INVALID_MAX" + rateRange0,
+                          "u0brg=INVALID_MIN" + timeRange0,
+                          "u0brg=0\t//Divider for the bit time",
+                          "u0brg=255\t//Divider for the bit time",
+                          "u0brg=INVALID_MAX" + timeRange0,
+                          "u1brg=19\t//Divider for the bit rate",
+                          "u1brg=INVALID_MIN\t//Bit rate out of range. 9000bps < Bit rate: < 2304000bps",
+                          "u1brg=255\t//Divider for the bit rate",
+                          "E1104\tUART0: the bit rate or the bit time is above its range for the transfer "
+                          "clock\tType a value within the range shown beside the divider",
+                      }));
 }
 
 // The whole C source of the QTL/4C example: the file head with its own name, the clock
