@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <string>
+#include <vector>
 
 #include "cli_runner.h"
 #include "temp_folder.h"
@@ -91,6 +93,72 @@ TEST_F(CliUart2Test, ProjectsKeepEachChannelAndGenerateItsBlockAndInterrupts) {
   EXPECT_NE(source.find("//Baud rate generator counts f8\r\n"), std::string::npos);
   EXPECT_NE(source.find("void uart1_rx_isr(void)"), std::string::npos);
   EXPECT_NE(out.Read("gen/Config.h").find("#pragma interrupt uart0_tx_isr"), std::string::npos);
+}
+
+// A channel with the second option of every group but the transfer mode and group 1
+// (whose second option the data keep off) writes every register and bit field of its
+// sort list: the register header must declare each, and the interrupt functions that
+// the channels bring must compile beside them.
+const std::string kEverySecondOption =
+    "option Radiobox_3 2\noption Radiobox_4 2\noption Radiobox_5 2\noption Radiobox_6 2\n"
+    "option Radiobox_8 2\noption Radiobox_9 2\noption Radiobox_10 2\noption Radiobox_11 2\n"
+    "choose Combobox_3 1\ntype ComboEditbox_2 101010101\n";
+
+TEST_F(CliUart2Test, ChannelsOfBothSampleGroupsGenerateCThatCompiles) {
+  if (!HostCompilerPresent()) GTEST_SKIP() << "no gcc on PATH";
+  // QTL/4C at 20 MHz: UART0 from f8 at 9600 bit/s, 156250 / 9600 - 1 = 15.28; UART1
+  // asleep and receiving only, from f32 with a bit time of 416.667 us,
+  // 416.667 x 20000000 / 32 x 0.0000005 - 1 = 129.21.
+  CliResult qtl = Run("group \"QTL/4C Group\"\nnext\nselect UART0\n"
+                      "choose Combobox_1 \"UART, internal clock\"\noption Radiobox_2 2\n" +
+                      kEverySecondOption + "type ComboEditbox_1:2 9600\n"
+                      "select UART1\nchoose Combobox_1 \"UART, sleep mode\"\noption Radiobox_2 3\n"
+                      "option Radiobox_7 2\ntype ComboEditbox_1:1 416.667\n"
+                      "generate \"" + out.File("qtl") + "\"\n");
+  ASSERT_EQ(qtl.status, 0) << qtl.err;
+  EXPECT_EQ(qtl.err, "");
+  std::string source = out.Read("qtl/Config.c");
+  for (const char* statement :
+       {"u0mr.ckdir=0;", "u0mr.smd9=1;", "u0mr.prye=1;", "u0mr.pry=1;", "u0c0.clk=1;", "u0c0.uform=1;",
+        "u0brg=15;", "u0sr=0x0A;", "u0tbh=0B00000001;", "u0tbl=0B01010101;", "u0c1.irs=1;", "u0c1.re=1;",
+        "u0c1.te=1;", "s0tic=0x01;", "s0ric=0x01;", "u1c0.clk=2;", "u1brg=129;", "u1sr=0x01;"}) {
+    EXPECT_NE(source.find(std::string("\t") + statement), std::string::npos) << statement;
+  }
+  // Receiving only turns the transmitter's groups and the transmit data off.
+  EXPECT_EQ(source.find("\tu1c1.te="), std::string::npos);
+  EXPECT_EQ(source.find("\tu1tbl="), std::string::npos);
+  EXPECT_NE(source.find("void uart1_rx_isr(void)"), std::string::npos);
+  EXPECT_EQ(CompileErrors(out.File("qtl"), "Config.c"), "");
+
+  // ZNR9/4X at 16 MHz, undivided: UART0 from f8 at 19200 bit/s,
+  // 125000 / 19200 - 1 = 5.51; UART1 from f32 for 833.333 us,
+  // 833.333 x 16000000 / 32 x 0.0000005 - 1 = 207.33; UART2 from the sub-clock for
+  // 833.333 us, 833.333 x 32768 x 0.0000005 - 1 = 12.65.
+  CliResult znr = Run("series ZNR9\ngroup \"ZNR9/4X Group\"\nnext\nselect UART0\n"
+                      "choose Combobox_1 \"UART, internal clock\"\noption Radiobox_2 2\n" +
+                      kEverySecondOption + "type ComboEditbox_1:2 19200\n"
+                      "select UART1\nchoose Combobox_1 \"UART, internal clock\"\noption Radiobox_2 3\n"
+                      "option Radiobox_9 2\ntype ComboEditbox_1:1 833.333\n"
+                      "select UART2\nchoose Combobox_1 \"UART, sleep mode\"\noption Radiobox_2 4\n"
+                      "option Radiobox_10 2\nchoose Combobox_3 1\ntype ComboEditbox_1:1 833.333\n"
+                      "generate \"" + out.File("znr") + "\"\n");
+  ASSERT_EQ(znr.status, 0) << znr.err;
+  EXPECT_EQ(znr.err, "");
+  source = out.Read("znr/Config.c");
+  for (const char* statement :
+       {"u0mr.ckdir=0;", "u0mr.smd9=1;", "u0mr.prye=1;", "u0mr.pry=1;", "u0c0.clk=1;", "u0c0.uform=1;",
+        "u0brg=6;", "u0sr=0x0A;", "u0tbh=0B00000001;", "u0tbl=0B01010101;", "u0c1.irs=1;", "u0c1.re=1;",
+        "u0c1.te=1;", "s0tic=0x01;", "s0ric=0x01;", "u1c0.clk=2;", "u1brg=207;", "s1tic=0x01;",
+        "u1sr=0x01;", "u2c0.clk=3;", "u2brg=13;", "s2ric=0x01;", "u2sr=0x02;"}) {
+    EXPECT_NE(source.find(std::string("\t") + statement), std::string::npos) << statement;
+  }
+  std::string header = out.Read("znr/Config.h");
+  for (const char* function : {"uart0_tx_isr", "uart1_tx_isr", "uart2_tx_isr", "uart0_rx_isr",
+                               "uart1_rx_isr", "uart2_rx_isr"}) {
+    EXPECT_NE(header.find(std::string("void ") + function + "(void);"), std::string::npos) << function;
+    EXPECT_NE(source.find(std::string("void ") + function + "(void)\r\n{"), std::string::npos) << function;
+  }
+  EXPECT_EQ(CompileErrors(out.File("znr"), "Config.c"), "");
 }
 
 }  // namespace
