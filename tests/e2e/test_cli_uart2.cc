@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -93,6 +94,39 @@ TEST_F(CliUart2Test, ProjectsKeepEachChannelAndGenerateItsBlockAndInterrupts) {
   EXPECT_NE(source.find("//Baud rate generator counts f8\r\n"), std::string::npos);
   EXPECT_NE(source.find("void uart1_rx_isr(void)"), std::string::npos);
   EXPECT_NE(out.Read("gen/Config.h").find("#pragma interrupt uart0_tx_isr"), std::string::npos);
+}
+
+// The sub-clock source counts 32768 Hz whatever the main clock: the rates reach from
+// ceil(2048 / 256) = 8 to 2048 / 1, the bit times from 1 x 61.03515625 us to
+// 256 x 61.03515625 = 15625 us. Choosing a source runs both fields, the rate last, so
+// the range moves at once; back on f1 at 16 MHz the rates start at ceil(1000000 / 256).
+TEST_F(CliUart2Test, SubClockSourceMovesTheRangesAtOnce) {
+  CliResult result = Run("series ZNR9\ngroup \"ZNR9/4X Group\"\nnext\nselect UART2\n"
+                         "choose Combobox_1 \"UART, internal clock\"\nrows\noption Radiobox_2 4\nrows\n"
+                         "type ComboEditbox_1:2 2048\nrows\ntype ComboEditbox_1:2 8\nrows\n"
+                         "type ComboEditbox_1:2 7\nrows\ntype ComboEditbox_1:1 61.035\nrows\n"
+                         "type ComboEditbox_1:1 61.036\nrows\ntype ComboEditbox_1:1 15625\nrows\n"
+                         "type ComboEditbox_1:1 15625.001\nrows\noption Radiobox_2 1\nrows\n");
+  ASSERT_EQ(result.status, 0) << result.err;
+  std::vector<std::string> dividers;
+  std::istringstream lines(result.out);
+  for (std::string line; std::getline(lines, line);) {
+    if (line.rfind("u2brg=", 0) == 0) dividers.push_back(line);
+  }
+  const std::string subRates = "\t//Bit rate out of range. 8bps < Bit rate: < 2048bps";
+  const std::string subTimes = "\t//Bit time out of range. 61.035us < Bit time: < 15625.000us";
+  EXPECT_EQ(dividers, (std::vector<std::string>{
+                          "u2brg=103\t//Divider for the bit rate",  // 1000000 / 9600 - 1 = 103.17
+                          "u2brg=INVALID_MAX" + subRates,
+                          "u2brg=0\t//Divider for the bit rate",
+                          "u2brg=255\t//Divider for the bit rate",
+                          "u2brg=INVALID_MIN" + subRates,
+                          "u2brg=INVALID_MIN" + subTimes,
+                          "u2brg=0\t//Divider for the bit time",  // 61.036 x 32768 x 0.0000005 - 1
+                          "u2brg=255\t//Divider for the bit time",
+                          "u2brg=INVALID_MAX" + subTimes,
+                          "u2brg=INVALID_MIN\t//Bit rate out of range. 3907bps < Bit rate: < 1000000bps",
+                      }));
 }
 
 // A channel with the second option of every group but the transfer mode and group 1
