@@ -1,7 +1,5 @@
 #include "pages/peripheral_page.h"
 
-#include <cstdlib>
-
 #include "core/application.h"
 #include "core/host.h"
 #include "core/ini.h"
@@ -176,12 +174,13 @@ void PeripheralPage::Open(bool openedByNext, const PeripheralPanel* clockLink,
   }
   BindPanels();
   listPosition_ = 0;
-  RestoreSelection();
-  // The popup comes after the restored selection, so the panels restored from a project
-  // show their side settings from their next selection on.
+  // The popup is there before the panels of a project are restored, so that they take
+  // their side settings into their rows at once: generating right after a load gives
+  // the code that was generated before the save.
   std::string extraSetting;
   ReadProgramIni("Display", "ExtraSetting", extraSetting);
   if (!extraSetting.empty() && extraSetting[0] == '1' && popup_ == nullptr) CreatePopup();
+  RestoreSelection();
 }
 
 void PeripheralPage::RestoreSelection() {
@@ -190,6 +189,15 @@ void PeripheralPage::RestoreSelection() {
   if (ProjectText.empty()) {
     Select(0);
     return;
+  }
+  // The side settings come first, for the same reason as the popup.
+  const std::string extraTag = "ExtraSettings:";
+  std::size_t extra = ProjectText.find(extraTag);
+  if (extra != std::string::npos) {
+    std::string rest = ProjectText.substr(extra + extraTag.size());
+    for (auto& row : ExtraSettingsState) {
+      for (int& value : row) value = NextSavedInteger(rest);
+    }
   }
   const std::string mapTag = "Selected_Peripherals";
   std::size_t map = ProjectText.find(mapTag);
@@ -202,14 +210,6 @@ void PeripheralPage::RestoreSelection() {
     }
   } else {
     for (int position = count - 1; position >= 0; --position) Select(position);
-  }
-  const std::string extraTag = "ExtraSettings:";
-  std::size_t extra = ProjectText.find(extraTag);
-  if (extra != std::string::npos) {
-    std::string rest = ProjectText.substr(extra + extraTag.size());
-    for (auto& row : ExtraSettingsState) {
-      for (int& value : row) value = static_cast<int>(std::strtol(ReadNextToken(rest).c_str(), nullptr, 10));
-    }
   }
 }
 
