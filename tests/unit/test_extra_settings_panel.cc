@@ -169,13 +169,24 @@ TEST_F(ExtraSettingsPanelTest, ModeZeroForgetsTheStoredSideSettings) {
   EXPECT_EQ(presenter.calls, (std::vector<std::string>{"out", "back"}));
 }
 
-TEST_F(ExtraSettingsPanelTest, APeripheralWithoutSideSettingsHidesTheOpenPopup) {
+TEST_F(ExtraSettingsPanelTest, APeripheralWithoutShownSideSettingsHidesTheOpenPopup) {
   Setup({kPriority});
   popup.SetPopupMode(1);
   lines_ = {"Radiobox_1=Switch;Off;On"};
   popup.SetupExtraSettings("");
   EXPECT_EQ(popup.PopupMode(), 0);
   EXPECT_EQ(presenter.calls, (std::vector<std::string>{"out", "back"}));
+
+  // Lines that wait for a mode word are hidden, not forgotten.
+  lines_ = {"ExtraSetting_Combobox_1=SSU_IPL=Priority;0;1;2"};
+  row[1] = 2;
+  popup.SetupExtraSettings("SSU");
+  popup.SetPopupMode(1);
+  popup.SetupExtraSettings("");
+  EXPECT_EQ(popup.PopupMode(), 0);
+  EXPECT_EQ(row[1], 2);
+  popup.SetupExtraSettings("SSU");
+  EXPECT_EQ(popup.ComboSelection(1), 2);
 }
 
 TEST_F(ExtraSettingsPanelTest, UserActionsReachOnlyShownControlsOfAShownPopup) {

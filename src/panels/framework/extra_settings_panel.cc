@@ -126,7 +126,12 @@ void ExtraSettingsPanel::SetupExtraSettings(const std::string& filter) {
   }
   CloseUpLayout();
   ControlsChanged();
-  if (FirstShownControl() == -1 && popupMode_ == 1) SetPopupMode(0);
+  // Nothing to show: the popup goes back, but the peripheral's stored side settings stay,
+  // since its lines may only be waiting for the mode that names them.
+  if (FirstShownControl() == -1 && popupMode_ == 1) {
+    popupMode_ = 0;
+    if (presenter_ != nullptr) presenter_->SlideBack();
+  }
 }
 
 void ExtraSettingsPanel::CloseUpLayout() {

@@ -96,7 +96,8 @@ class ExtraSettingsPanel : public ExtraSettingsView {
   int SetPopupMode(int mode) override;
   // Fills and shows the controls for the current peripheral. With an empty filter a line
   // applies unless its name holds one of kFilterWords; with a filter, also a line whose
-  // name holds the filter. When nothing is shown the popup goes to mode 0.
+  // name holds the filter. When nothing is shown the popup goes to mode 0 and slides
+  // back, without forgetting the stored side settings.
   void SetupExtraSettings(const std::string& filter) override;
 
   void SetFocusedControl(int number) { focusedControl_ = number; }
