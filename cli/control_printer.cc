@@ -1,6 +1,7 @@
 #include "control_printer.h"
 
 #include "pages/parameter_list.h"
+#include "panels/framework/extra_settings_panel.h"
 #include "panels/framework/peripheral_panel.h"
 
 namespace tessara {
@@ -82,6 +83,24 @@ std::string FormatControls(const PeripheralPanel& panel) {
 std::string FormatRows(const ParameterList& list) {
   std::string out;
   for (const ParameterList::Row& row : list.Rows()) out += row.parameter + "\t" + row.comment + "\n";
+  return out;
+}
+
+
+std::string FormatExtraControls(const ExtraSettingsPanel& popup) {
+  std::string out = "ExtraSettings\tmode=" + std::to_string(popup.PopupMode()) + "\n";
+  for (int k = 1; k <= ExtraSettingsPanel::kComboBoxes; ++k) {
+    const ExtraControl& combo = popup.Combo(k);
+    out += "Combobox_" + std::to_string(k) + "\t" + Flag("visible=", combo.visible) +
+           "\tplace=" + std::to_string(combo.place) + "\tselection=" + std::to_string(combo.selection) +
+           "\ttext=" + combo.label + "\titems=" + JoinItems(combo.items) + "\n";
+  }
+  for (int k = 1; k <= ExtraSettingsPanel::kCheckBoxes; ++k) {
+    const ExtraControl& box = popup.Check(k);
+    out += "Checkbox_" + std::to_string(k) + "\t" + Flag("visible=", box.visible) +
+           "\tplace=" + std::to_string(box.place) + "\t" + Flag("checked=", box.checked) +
+           "\ttext=" + box.label + "\n";
+  }
   return out;
 }
 

@@ -9,6 +9,7 @@
 #include "core/application.h"
 #include "core/text.h"
 #include "pages/error_report.h"
+#include "panels/framework/extra_settings_panel.h"
 #include "script.h"
 
 namespace tessara {
@@ -56,6 +57,7 @@ const std::vector<ScriptRunner::Command>& ScriptRunner::Commands() {
       {"type", 2, 2, &ScriptRunner::Type},
       {"pick", 2, 2, &ScriptRunner::Pick},
       {"check", 2, 2, &ScriptRunner::Check},
+      {"extra", 1, 3, &ScriptRunner::Extra},
       {"rows", 0, 0, &ScriptRunner::PrintRows},
       {"controls", 0, 0, &ScriptRunner::PrintControls},
       {"summary", 0, 0, &ScriptRunner::PrintSummary},
@@ -257,6 +259,43 @@ ScriptRunner::Outcome ScriptRunner::Check(const Words& words) {
   if (control == nullptr) return outcome;
   panel->ToggleCheckbox(control->key, box, on);
   return outcome;
+}
+
+// The side-settings popup: `extra combo K P` and `extra check K on|off` act on its
+// combo box or check box K as a user would, `extra controls` prints it.
+ScriptRunner::Outcome ScriptRunner::Extra(const Words& words) {
+  if (!flow_.OnPeripheralPage()) return NeedPeripheralPage("extra");
+  ExtraSettingsPanel* popup = flow_.Peripherals().Popup();
+  if (popup == nullptr) return Failure("the page has no extra settings popup");
+  const std::string& what = words[1];
+  if (EqualsNoCase(what, "controls")) {
+    if (words.size() != 2) return Failure("extra controls takes no further argument");
+    Print(FormatExtraControls(*popup));
+    return Outcome();
+  }
+  const bool combo = EqualsNoCase(what, "combo");
+  if (!combo && !EqualsNoCase(what, "check")) {
+    return Failure("extra takes combo, check or controls, not \"" + what + "\"");
+  }
+  if (words.size() != 4) return Failure("extra " + what + " takes 2 arguments, not " + std::to_string(words.size() - 2));
+  const int count = combo ? ExtraSettingsPanel::kComboBoxes : ExtraSettingsPanel::kCheckBoxes;
+  const std::string boxName = combo ? "combo box " : "check box ";
+  int k = ParseScriptNumber(words[2]);
+  if (k < 1 || k > count) return Failure("the extra settings popup has no " + boxName + words[2]);
+  if (popup->PopupMode() != 1) return Failure("the extra settings popup is hidden");
+  const ExtraControl& control = combo ? popup->Combo(k) : popup->Check(k);
+  if (!control.visible) return Failure(boxName + words[2] + " of the extra settings popup is hidden");
+  if (combo) {
+    std::string reason;
+    int position = ResolveItemArgument(words[3], control.items, boxName + words[2], reason);
+    if (position < 0) return Failure(reason);
+    popup->ChooseComboItem(k, position);
+    return Outcome();
+  }
+  bool on = EqualsNoCase(words[3], "on");
+  if (!on && !EqualsNoCase(words[3], "off")) return Failure("extra check takes on or off, not \"" + words[3] + "\"");
+  popup->SetCheckBox(k, on);
+  return Outcome();
 }
 
 ScriptRunner::Outcome ScriptRunner::PrintRows(const Words&) {

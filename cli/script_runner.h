@@ -61,6 +61,7 @@ class ScriptRunner {
   Outcome Type(const Words& words);
   Outcome Pick(const Words& words);
   Outcome Check(const Words& words);
+  Outcome Extra(const Words& words);
   Outcome PrintRows(const Words& words);
   Outcome PrintControls(const Words& words);
   Outcome PrintSummary(const Words& words);

@@ -1,9 +1,8 @@
 #include "pages/peripheral_page.h"
 
-#include <cstdlib>
-
 #include "core/application.h"
 #include "core/host.h"
+#include "core/ini.h"
 #include "core/text.h"
 #include "panels/framework/peripheral_panel.h"
 #include "panels/panel_factory.h"
@@ -74,6 +73,51 @@ PeripheralPage::PeripheralPage(Application& application, ListColour selectedItem
 
 PeripheralPage::~PeripheralPage() = default;
 
+void PeripheralPage::SetExtraSettingsPresenter(ExtraSettingsPresenter* presenter) {
+  presenter_ = presenter;
+  if (popup_ != nullptr) popup_->SetPresenter(presenter);
+}
+
+void PeripheralPage::SetHasExtraSettings(bool has) {
+  hasExtraSettings_ = has;
+  for (auto& instances : panels_) {
+    for (auto& slot : instances) slot->context.hasExtraSettings = has;
+  }
+}
+
+void PeripheralPage::CreatePopup() {
+  popup_ = std::make_unique<ExtraSettingsPanel>();
+  popup_->SetPresenter(presenter_);
+  popup_->extraSettingFound = [this] { SetHasExtraSettings(true); };
+  popup_->controlChanged = [this](int number) { OnPopupControl(number); };
+  for (auto& instances : panels_) {
+    for (auto& slot : instances) slot->context.popup = popup_.get();
+  }
+}
+
+void PeripheralPage::DestroyPopup() {
+  for (auto& instances : panels_) {
+    for (auto& slot : instances) {
+      if (slot->panel->HasWindow()) slot->panel->ClearExtraRows();
+      slot->context.popup = nullptr;
+    }
+  }
+  popup_.reset();
+}
+
+void PeripheralPage::OnPopupControl(int number) {
+  if (popup_ == nullptr || listPosition_ < 0 || listPosition_ >= kExtraSettingsRows) return;
+  popup_->SetFocusedControl(number);
+  ExtraSettingsRow& row = ExtraSettingsState[static_cast<std::size_t>(listPosition_)];
+  row[static_cast<std::size_t>(number)] =
+      number <= ExtraSettingsPanel::kComboBoxes
+          ? popup_->ComboSelection(number)
+          : popup_->CheckState(number - ExtraSettingsPanel::kComboBoxes);
+  PeripheralPanel* panel = PanelOfConfiguration(ConfigurationOfRow(listPosition_));
+  if (panel != nullptr && panel->HasWindow()) panel->RefreshParameters("");
+  popup_->SetFocusedControl(-1);
+}
+
 void PeripheralPage::SetClockValues(const ClockValues* values) {
   for (auto& instances : panels_) {
     for (auto& slot : instances) slot->context.clockValues = values;
@@ -130,6 +174,12 @@ void PeripheralPage::Open(bool openedByNext, const PeripheralPanel* clockLink,
   }
   BindPanels();
   listPosition_ = 0;
+  // The popup is there before the panels of a project are restored, so that they take
+  // their side settings into their rows at once: generating right after a load gives
+  // the code that was generated before the save.
+  std::string extraSetting;
+  ReadProgramIni("Display", "ExtraSetting", extraSetting);
+  if (!extraSetting.empty() && extraSetting[0] == '1' && popup_ == nullptr) CreatePopup();
   RestoreSelection();
 }
 
@@ -139,6 +189,15 @@ void PeripheralPage::RestoreSelection() {
   if (ProjectText.empty()) {
     Select(0);
     return;
+  }
+  // The side settings come first, for the same reason as the popup.
+  const std::string extraTag = "ExtraSettings:";
+  std::size_t extra = ProjectText.find(extraTag);
+  if (extra != std::string::npos) {
+    std::string rest = ProjectText.substr(extra + extraTag.size());
+    for (auto& row : ExtraSettingsState) {
+      for (int& value : row) value = NextSavedInteger(rest);
+    }
   }
   const std::string mapTag = "Selected_Peripherals";
   std::size_t map = ProjectText.find(mapTag);
@@ -151,14 +210,6 @@ void PeripheralPage::RestoreSelection() {
     }
   } else {
     for (int position = count - 1; position >= 0; --position) Select(position);
-  }
-  const std::string extraTag = "ExtraSettings:";
-  std::size_t extra = ProjectText.find(extraTag);
-  if (extra != std::string::npos) {
-    std::string rest = ProjectText.substr(extra + extraTag.size());
-    for (auto& row : ExtraSettingsState) {
-      for (int& value : row) value = static_cast<int>(std::strtol(ReadNextToken(rest).c_str(), nullptr, 10));
-    }
   }
 }
 
@@ -188,10 +239,22 @@ void PeripheralPage::BindPanels() {
 
 void PeripheralPage::Select(int row) {
   if (!open_ || row < 0 || row >= static_cast<int>(listItems_.size())) return;
+  SetHasExtraSettings(false);
   listPosition_ = row;
   if (row < kSelectedMapPlaces) SelectedMap[static_cast<std::size_t>(row)] = '1';
   const int k = ConfigurationOfRow(row);
+  const DatabaseEntry& group = application_.database().Entry(application_.SelectedGroup);
+  if (popup_ != nullptr) {
+    const bool known = k >= 1 && k <= kMaxConfigurations;
+    popup_->SetPeripheral(known ? &group.SectionLines[static_cast<std::size_t>(k)] : nullptr,
+                          row < kExtraSettingsRows ? &ExtraSettingsState[static_cast<std::size_t>(row)]
+                                                   : nullptr);
+    popup_->SetControlsFromState();
+  }
   PeripheralPanel* panel = PanelOfConfiguration(k);
+  // The SSU's modes carry side settings of their own, so the page counts it as having
+  // them before the panel asks for its mode's lines.
+  if (panel != nullptr && panel->Kind() == PanelKind::kSSU) SetHasExtraSettings(true);
   if (panel != nullptr) {
     if (!panel->HasWindow()) {
       panel->LoadSection();
@@ -204,6 +267,7 @@ void PeripheralPage::Select(int row) {
       if (Among(panel->Kind(), kRefreshTwice)) panel->RefreshParameters("");
     }
   }
+  if (popup_ != nullptr) popup_->SetupExtraSettings("");
   previousPosition_ = listPosition_;
   if (panel != nullptr && panel->HasWindow() && Among(panel->Kind(), kRerunFirstGroup)) {
     int first = panel->ControlIndex("Radiobox_1");
@@ -226,6 +290,7 @@ void PeripheralPage::DestroyPanelWindows() {
 
 bool PeripheralPage::Leave() {
   if (!open_) return true;
+  if (popup_ != nullptr) DestroyPopup();
   ProjectText.clear();
   for (PanelKind kind : kFileTextsClearedOnLeave) {
     for (int instance = 1; PeripheralPanel* panel = Panel(kind, instance); ++instance) {

@@ -11,6 +11,7 @@
 #include "idelink/ide_link.h"
 #include "idelink/ide_server.h"
 #include "pages/parameter_list.h"
+#include "panels/framework/extra_settings_panel.h"
 #include "panels/framework/panel_context.h"
 
 namespace tessara {
@@ -83,9 +84,17 @@ class PeripheralPage {
   const PeripheralPanel* Clock2Link() const { return clock2Link_; }
 
   static constexpr int kExtraSettingsRows = 65;
-  static constexpr int kExtraSettingsSlots = 30;
-  using ExtraSettingsTable =
-      std::array<std::array<int, kExtraSettingsSlots>, kExtraSettingsRows>;
+  using ExtraSettingsTable = std::array<ExtraSettingsRow, kExtraSettingsRows>;
+
+  // --- The side-settings popup. It exists from the opening of the page, when the ini
+  // asks for it (key ExtraSetting of section Display beginning with "1"), to Back.
+  ExtraSettingsPanel* Popup() const { return popup_.get(); }
+  // The front-end's drawer; every popup the page creates draws through it. Null for none.
+  void SetExtraSettingsPresenter(ExtraSettingsPresenter* presenter);
+  // Some ExtraSetting_ line was found for the peripheral selected; cleared at each
+  // selection.
+  bool HasExtraSettings() const { return hasExtraSettings_; }
+  void SetHasExtraSettings(bool has);
 
   std::string SelectedMap = std::string(kSelectedMapPlaces, '0');
   // The popup's side settings by list position: slots 1 to 4 the combo boxes, 5 to 20
@@ -112,6 +121,10 @@ class PeripheralPage {
   void RestoreSelection();
   PanelSlot* SlotOf(PanelKind kind, int instance) const;
   void DestroyPanelWindows();
+  void CreatePopup();
+  void DestroyPopup();
+  // A user's action on popup control `number` (1 to 4 a combo box, 5 to 20 a check box).
+  void OnPopupControl(int number);
 
   Application& application_;
   // Panel objects of every kind, instance 1 at index 0.
@@ -126,6 +139,9 @@ class PeripheralPage {
   int listPosition_ = 0;
   int previousPosition_ = 0;
   bool open_ = false;
+  bool hasExtraSettings_ = false;
+  std::unique_ptr<ExtraSettingsPanel> popup_;
+  ExtraSettingsPresenter* presenter_ = nullptr;
 };
 
 }  // namespace tessara

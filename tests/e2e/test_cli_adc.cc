@@ -26,7 +26,7 @@ class CliAdcTest : public ::testing::Test {
 };
 
 // Repeat mode on a QTL/4 chip: the fAD/8 clock and the ADTRG pin are out; the channel
-// row is one of the item's two rows.
+// row is one of the item's two rows. The popup's priority list adds its first level.
 TEST_F(CliAdcTest, TheQtl4cExamplePrintsItsRows) {
   CliResult result = Run(ExampleScript("adc_qtl4c.txt"));
   ASSERT_EQ(result.status, 0) << result.err;
@@ -35,7 +35,8 @@ TEST_F(CliAdcTest, TheQtl4cExamplePrintsItsRows) {
             "adcks=1\t//fAD divided by 2\n"
             "adtrgsel=0\t//Started by software\n"
             "adsmp=1\t//Sample and hold on\n"
-            "adch=0x09\t//Converts AN9\n");
+            "adch=0x09\t//Converts AN9\n"
+            "adipr=0x00\t//A/D conversion end interrupt priority level 0 (masked)\n");
 }
 
 TEST_F(CliAdcTest, TheRepeatModeRefusesTheFourthClockOnQtl4c) {

@@ -145,7 +145,7 @@ TEST_F(CliExamplesTest, EveryProjectLoadsAndSavesToTheSameBytesAndGeneratesAlike
 }
 
 // 10 ms of f8 at 20 MHz are 25000 counts: 250 x 100, so the prescaler and counter
-// registers hold 249 and 99.
+// registers hold 249 and 99. The popup's priority and debug-break rows follow the panel's.
 TEST_F(CliExamplesTest, TheTimerRaExamplePrintsItsRows) {
   CliResult result = RunCli({"--home", home.path(), "run", ExamplePath("timer_ra_qtl4c.txt")});
   ASSERT_EQ(result.status, 0) << result.err;
@@ -155,13 +155,16 @@ TEST_F(CliExamplesTest, TheTimerRaExamplePrintsItsRows) {
             "tra=99\t//Prescaler and counter for the interval\n"
             "tramr.tmod=0x00\t//Timer mode\n"
             "tramr.tck=0x02\t//Count source f8\n"
-            "tracr.tstart=1\t//Count started at once\n");
+            "tracr.tstart=1\t//Count started at once\n"
+            "traipr=0x03\t//Timer RA interrupt priority level 3\n"
+            "trastpd=1\t//Timer RA stops at a debug break\n");
 }
 
 // The whole C source of the QTL/4C example: the file head with its own name, the clock
 // text behind the protect marker, the block of the first port (opened by Next, so it
 // holds the section's register values) and the Timer RA block behind it with its rows in
-// the data's sort order and the comments in column 41, the interrupt function at the end.
+// the data's sort order and the comments in column 41, then the rows of the popup beside
+// the page, the interrupt function at the end.
 // The clock's figures (clk, oscdiv) are rows for other panels, not statements.
 TEST_F(CliExamplesTest, TheQtl4cSourceStandsToTheLetter) {
   ASSERT_EQ(Generate(ExamplePath("qtl4c.tsr"), out.path()).status, 0);
@@ -223,6 +226,8 @@ TEST_F(CliExamplesTest, TheQtl4cSourceStandsToTheLetter) {
       "\ttra=99;                                  //Prescaler and counter for the interval\n"
       "\ttraic=0x01;                              //Timer RA interrupt enabled, level 1\n"
       "\ttracr.tstart=1;                          //Count started at once\n"
+      "\ttraipr=0x03;                             //Timer RA interrupt priority level 3\n"
+      "\ttrastpd=1;                               //Timer RA stops at a debug break\n"
       "\t\n"
       "}\n"
       "\n"

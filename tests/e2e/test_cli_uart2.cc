@@ -52,7 +52,12 @@ TEST_F(CliUart2Test, OutOfRangeRateShowsItsRangeAndStopsGeneration) {
 TEST_F(CliUart2Test, NotUsedModeHidesTheChannel) {
   CliResult result = Run(kQtlUart0 + "type ComboEditbox_2 12\nchoose Combobox_1 \"Not used\"\nrows\nerrors\ncontrols\n");
   ASSERT_EQ(result.status, 0) << result.err << "the bad data of a disabled field block nothing";
-  EXPECT_EQ(result.out.rfind("Combobox_1\tCombobox\t", 0), 0u) << "no row and no report come first";
+  EXPECT_EQ(result.out.rfind("s0tipr=0x00\t//UART0 transmit interrupt priority level 0 (masked)\n"
+                             "s0ripr=0x00\t//UART0 receive interrupt priority level 0 (masked)\n"
+                             "Combobox_1\tCombobox\t",
+                             0),
+            0u)
+      << "only the popup's rows and no report come first";
   EXPECT_NE(result.out.find("ComboEditbox_2\tComboEditbox\tenabled=0"), std::string::npos);
 }
 

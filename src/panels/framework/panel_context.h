@@ -2,6 +2,7 @@
 #define TESSARA_PANELS_FRAMEWORK_PANEL_CONTEXT_H_
 
 #include <functional>
+#include <string>
 
 namespace tessara {
 
@@ -12,8 +13,9 @@ struct ClockValues;
 struct DatabaseEntry;
 struct FamilyFlags;
 
-// What a panel reads of the side-settings popup while it refreshes, and the one
-// thing it tells the popup (the choice of its first RadioGroup).
+// What a panel reads of the side-settings popup while it refreshes, and what it tells
+// the popup: the choice of its first RadioGroup, and for the serial panels whose modes
+// have side settings of their own, the word of the mode.
 class ExtraSettingsView {
  public:
   virtual ~ExtraSettingsView() = default;
@@ -23,7 +25,12 @@ class ExtraSettingsView {
   virtual int CheckState(int k) const = 0;
   // -1, 1 to 4 for a combo box, 5 to 20 for check box k - 4.
   virtual int FocusedControl() const = 0;
-  virtual void SetPopupMode(int mode) = 0;
+  // 1 shows the popup, 0 hides it and forgets the stored side settings; -1 only asks.
+  // Returns the mode.
+  virtual int SetPopupMode(int mode) = 0;
+  // Fills and shows the controls for the current peripheral; a non-empty filter also
+  // shows the lines whose name holds it.
+  virtual void SetupExtraSettings(const std::string& filter) = 0;
 };
 
 // Everything a panel reaches outside itself. The owning page fills it and keeps it
@@ -44,7 +51,9 @@ struct PanelContext {
   // The process-wide SystemClockHz and LowClockHz that the page sets when it opens.
   const ClockValues* clockValues = nullptr;
   ExtraSettingsView* popup = nullptr;  // null while the popup does not exist
-  bool hasExtraSettings = false;       // the page's flag for the peripheral shown
+  // The page's HasExtraSettings, mirrored into every panel's context: some
+  // ExtraSetting_ line was found for the peripheral selected.
+  bool hasExtraSettings = false;
 };
 
 }  // namespace tessara

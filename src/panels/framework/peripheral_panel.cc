@@ -5,6 +5,7 @@
 
 #include "core/text.h"
 #include "pages/parameter_list.h"
+#include "panels/framework/extra_settings_panel.h"
 
 namespace tessara {
 
@@ -12,20 +13,6 @@ namespace {
 
 constexpr int kExtraComboSlots = 5;   // slots 1 to 4 used
 constexpr int kExtraCheckSlots = 17;  // slots 1 to 16 used
-constexpr int kSpecCellLength = 79;
-constexpr int kSpecCells = 50;
-
-// Cells of an ExtraSetting_ line as the popup cuts them: behind the first "=", at most
-// 50 cells of 79 characters.
-std::vector<std::string> SpecCells(std::string_view line) {
-  std::vector<std::string> cells = SplitCells(line);
-  if (cells.size() > kSpecCells) cells.resize(kSpecCells);
-  for (std::string& cell : cells) {
-    if (cell.size() > kSpecCellLength) cell.resize(kSpecCellLength);
-  }
-  return cells;
-}
-
 const std::string& CellOf(const std::vector<std::string>& cells, int index) {
   static const std::string kEmpty;
   if (index < 0 || index >= static_cast<int>(cells.size())) return kEmpty;
@@ -313,7 +300,7 @@ void PeripheralPanel::AddExtraSettingsRows(ParameterList* list) {
     int index = popup->ComboSelection(k);
     if (index < 0) index = 0;
     extraComboSelection_[static_cast<std::size_t>(k - 1)] = index;
-    std::vector<std::string> cells = SpecCells(extraComboSpecs_[k]);
+    std::vector<std::string> cells = ExtraSettingCells(extraComboSpecs_[k]);
     const std::string& row = CellOf(cells, 9 + index);
     const std::string& comment = CellOf(cells, 17 + index);
     extraComboRows_[k][0] = row;
@@ -329,8 +316,14 @@ void PeripheralPanel::AddExtraSettingsRows(ParameterList* list) {
     if (extraCheckSpecs_[k].empty()) continue;
     int state = popup->CheckState(k);
     extraCheckState_[static_cast<std::size_t>(k - 1)] = state;
-    if (state == 0) continue;
-    std::vector<std::string> cells = SpecCells(extraCheckSpecs_[k]);
+    if (state == 0) {
+      // An unchecked box leaves no statement behind: its row goes, and the generator,
+      // which takes a box's rows up to the first empty one, writes nothing for it.
+      extraCheckRows_[k][0].clear();
+      extraCheckComments_[k][0].clear();
+      continue;
+    }
+    std::vector<std::string> cells = ExtraSettingCells(extraCheckSpecs_[k]);
     const std::string& row = CellOf(cells, 1 + state);
     const std::string& comment = CellOf(cells, 3 + state);
     extraCheckRows_[k][0] = row;
