@@ -5,7 +5,11 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QSignalBlocker>
 #include <algorithm>
+
+#include "panels/framework/extra_settings_panel.h"
+#include "qt_text.h"
 
 namespace tessara {
 
@@ -19,6 +23,18 @@ constexpr int kCheckSpacing = 2;
 constexpr int kNarrowestCombo = 80;
 
 bool Shown(const QWidget* widget) { return !widget->isHidden(); }
+
+QStringList ItemsOf(const ExtraControl& control) {
+  QStringList items;
+  for (const std::string& item : control.items) items << ToQt(item);
+  return items;
+}
+
+QStringList ItemsOf(const QComboBox* box) {
+  QStringList items;
+  for (int i = 0; i < box->count(); ++i) items << box->itemText(i);
+  return items;
+}
 
 }  // namespace
 
@@ -60,6 +76,41 @@ QComboBox* ExtraSettingsPopup::ComboBox(int k) const { return combos_.at(static_
 QLabel* ExtraSettingsPopup::ComboLabel(int k) const { return labels_.at(static_cast<std::size_t>(k - 1)); }
 
 QCheckBox* ExtraSettingsPopup::CheckBox(int k) const { return checks_.at(static_cast<std::size_t>(k - 1)); }
+
+QWidget* ExtraSettingsPopup::ControlWidget(int number) const {
+  if (number >= 1 && number <= kComboBoxes) return ComboBox(number);
+  if (number > kComboBoxes && number <= kComboBoxes + kCheckBoxes) return CheckBox(number - kComboBoxes);
+  return nullptr;
+}
+
+void ExtraSettingsPopup::Draw(const ExtraSettingsPanel& model) {
+  for (int k = 1; k <= kComboBoxes; ++k) {
+    const ExtraControl& control = model.Combo(k);
+    QComboBox* combo = ComboBox(k);
+    QSignalBlocker block(combo);
+    const QStringList items = ItemsOf(control);
+    // Filling a box anew would close its open list under the user's pointer.
+    if (ItemsOf(combo) != items) {
+      combo->clear();
+      combo->addItems(items);
+    }
+    combo->setCurrentIndex(control.selection);
+    ComboLabel(k)->setText(ToQt(control.label));
+    combo->setVisible(control.visible);
+    ComboLabel(k)->setVisible(control.visible);
+  }
+  for (int k = 1; k <= kCheckBoxes; ++k) {
+    const ExtraControl& control = model.Check(k);
+    QCheckBox* check = CheckBox(k);
+    QSignalBlocker block(check);
+    check->setText(ToQt(control.label));
+    check->setChecked(control.checked);
+    check->setVisible(control.visible);
+  }
+  // The core gives shown controls their places in order, closed up; the widgets that are
+  // not hidden take them in the same order.
+  ArrangeControls();
+}
 
 void ExtraSettingsPopup::ArrangeControls() {
   int labelWidth = 0;

@@ -13,6 +13,8 @@ class QLabel;
 
 namespace tessara {
 
+class ExtraSettingsPanel;
+
 // The drawer of side settings beside the peripheral page: four combo boxes, each with
 // its label to the left, and sixteen check boxes below them. Shown controls close up:
 // the combo boxes from the top, the check boxes below the last shown combo box with an
@@ -35,6 +37,14 @@ class ExtraSettingsPopup : public SlidePopup {
   QComboBox* ComboBox(int k) const;
   QLabel* ComboLabel(int k) const;
   QCheckBox* CheckBox(int k) const;
+
+  // The control that the core numbers `number`: 1 to 4 combo box k, 5 to 20 check box
+  // number - 4. Null outside.
+  QWidget* ControlWidget(int number) const;
+
+  // Sets every control from the core's popup: shown or hidden, label, items, selection,
+  // check mark; then places them.
+  void Draw(const ExtraSettingsPanel& model);
 
   // Places the controls that are not hidden, closed up, and sizes the popup to hold
   // them: never narrower than its usual width, never lower than its content.

@@ -112,6 +112,28 @@ class TestExtraSettingsPopup : public QObject {
     QCOMPARE(chosen, (std::vector<std::pair<int, int>>{{2, 1}}));
   }
 
+  // Return and Escape stop at the control: nothing behind it, the drawer included,
+  // ever sees them.
+  void returnAndEscapeAreSwallowed() {
+    Drawer drawer(4, true);
+    struct KeyCounter : QObject {
+      int keys = 0;
+      bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::KeyPress) ++keys;
+        return false;
+      }
+    } counter;
+    drawer.popup->installEventFilter(&counter);
+    for (QWidget* control : {static_cast<QWidget*>(drawer.Box(1)), static_cast<QWidget*>(drawer.popup->ComboBox(1))}) {
+      for (Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) QTest::keyClick(control, key);
+    }
+    QCOMPARE(counter.keys, 0);
+    // A key that the check box leaves alone goes on to the drawer.
+    QTest::keyClick(drawer.Box(1), Qt::Key_F5);
+    QCOMPARE(counter.keys, 1);
+    QVERIFY(drawer.popup->isVisible());
+  }
+
   void theControlKeyHandsTheFocusOn() {
     Drawer drawer(4, true);
     int handedOn = 0;
