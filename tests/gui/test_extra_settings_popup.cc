@@ -73,6 +73,8 @@ class TestExtraSettingsPopup : public QObject {
   void withoutComboBoxesTheRingTurnsAtBoxOne() {
     Drawer drawer(16, false);
     QCOMPARE(drawer.Press(16, Qt::Key_Tab), drawer.Box(1));
+    // Shift is no part of the rule: the Tab key goes on from a check box with it too.
+    QCOMPARE(drawer.Press(5, Qt::Key_Backtab), drawer.Box(6));
   }
 
   // Boxes 1 to 3: Right stops on box 3, Tab goes on to the first combo box.
