@@ -8,7 +8,6 @@ namespace {
 
 constexpr std::size_t kCellLength = 79;
 constexpr std::size_t kMaxCells = 50;
-constexpr int kComboItems = 8;
 
 bool ContainsNoCase(std::string_view text, std::string_view part) {
   return FindNoCase(text, part) != std::string_view::npos;
@@ -83,7 +82,10 @@ void ExtraSettingsPanel::SetControlsFromState() {
     ExtraControl& control = MutableControl(number);
     int stored = (*stateRow_)[static_cast<std::size_t>(number)];
     if (number <= kComboBoxes) {
-      control.selection = ValidSelection(control, stored);
+      // The box is filled for this peripheral only later in the selection, and the
+      // panel's refresh in between already turns the index into its row: so any index
+      // a box of this popup can hold is taken as it stands.
+      control.selection = stored >= 0 && stored < kComboItems ? stored : -1;
     } else {
       control.checked = stored != 0;
     }

@@ -61,6 +61,7 @@ class ExtraSettingsPanel : public ExtraSettingsView {
   static constexpr int kComboBoxes = 4;
   static constexpr int kCheckBoxes = 16;
   static constexpr int kControls = kComboBoxes + kCheckBoxes;
+  static constexpr int kComboItems = 8;  // items a combo box's line can give
   // Words that mark a line as belonging to a mode of a serial panel: such a line shows
   // only while that panel asks for it by name.
   static constexpr std::array<const char*, 4> kFilterWords = {"SSU", "IIC", "SIO", "I2C"};
@@ -72,7 +73,9 @@ class ExtraSettingsPanel : public ExtraSettingsView {
   // none) and its row of ExtraSettingsState (null for none). Both must outlive their use.
   void SetPeripheral(const std::vector<std::string>* sectionLines, ExtraSettingsRow* stateRow);
   // Sets the controls from the state row: combo box k selects slot k, check box k takes
-  // slot 4 + k. A combo box selects nothing for an index that it has no item for.
+  // slot 4 + k. The combo boxes still hold the items of the peripheral before, so an index
+  // is taken as it stands if a box could hold it (0 to 7); SetupExtraSettings then
+  // selects nothing where the peripheral's box lacks the item.
   void SetControlsFromState();
   void SetPresenter(ExtraSettingsPresenter* presenter) { presenter_ = presenter; }
   // Called for each ExtraSetting_ line that SetupExtraSettings finds: the page sets its
