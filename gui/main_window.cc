@@ -55,7 +55,11 @@ MainWindow::MainWindow(Application& application, Host& host)
   resize(1000, 720);
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow() {
+  // The page views draw the flow's pages and the drawer hangs on the peripheral page:
+  // they go before the flow does.
+  delete pages_;
+}
 
 SelectionPage& MainWindow::Selection() { return flow_->Selection(); }
 PeripheralPage& MainWindow::Peripherals() { return flow_->Peripherals(); }
@@ -75,7 +79,10 @@ void MainWindow::Next() {
 }
 
 void MainWindow::Back() {
-  if (!flow_->Back()) return;  // the user cancelled the warning
+  const bool left = flow_->Back();
+  // The side-settings popup is gone even when the user stays on the page.
+  peripheralView_->FollowPopup();
+  if (!left) return;  // the user cancelled the warning
   CloseErrorReport();
   peripheralView_->Panel()->Bind(nullptr);
   pages_->setCurrentWidget(selectionView_);
@@ -126,6 +133,7 @@ void MainWindow::ShowAbout() {
 void MainWindow::closeEvent(QCloseEvent* event) {
   // Closing the window ends the program without a question, from either page.
   if (flow_->OnPeripheralPage()) flow_->Peripherals().Close();
+  peripheralView_->FollowPopup();
   if (errorWindow_ != nullptr) errorWindow_->close();
   event->accept();
 }

@@ -9,6 +9,7 @@
 #include <QTabBar>
 #include <QVBoxLayout>
 
+#include "extra_settings_popup.h"
 #include "key_filter.h"
 #include "pages/clock_summary.h"
 #include "pages/peripheral_page.h"
@@ -84,6 +85,12 @@ PeripheralPageView::PeripheralPageView(PeripheralPage& page, QWidget* parent)
   });
   panelView_->onChanged = [this] { parameters_->Redraw(); };
   new KeyFilter(this, [this] { ControlKey(); });
+  page_.SetExtraSettingsPresenter(this);
+}
+
+PeripheralPageView::~PeripheralPageView() {
+  page_.SetExtraSettingsPresenter(nullptr);
+  delete drawer_;
 }
 
 void PeripheralPageView::Reset(const ClockSummary& summary) {
@@ -107,6 +114,56 @@ void PeripheralPageView::Reset(const ClockSummary& summary) {
   Redraw();
 }
 
+void PeripheralPageView::FollowPopup() {
+  ExtraSettingsPanel* popup = page_.Popup();
+  if (popup == nullptr) {
+    delete drawer_;
+    return;
+  }
+  if (drawer_ != nullptr) return;
+  drawer_ = new ExtraSettingsPopup(this);
+  drawer_->onControlKey = [this] { FocusGenerate(); };
+  drawer_->onComboChosen = [this](int k, int index) {
+    ExtraSettingsPanel* model = page_.Popup();
+    if (model != nullptr && model->ChooseComboItem(k, index)) {
+      AfterPopupAction(k);
+    } else {
+      ControlsChanged();  // the core refused: the box shows what it holds
+    }
+  };
+  drawer_->onCheckBoxClicked = [this](int k, bool checked) {
+    ExtraSettingsPanel* model = page_.Popup();
+    if (model != nullptr && model->SetCheckBox(k, checked)) {
+      AfterPopupAction(ExtraSettingsPanel::kComboBoxes + k);
+    } else {
+      ControlsChanged();
+    }
+  };
+  drawer_->Draw(*popup);
+}
+
+void PeripheralPageView::AfterPopupAction(int number) {
+  // The panel shown has taken the side setting into its rows.
+  parameters_->Redraw();
+  if (drawer_ != nullptr) {
+    if (QWidget* control = drawer_->ControlWidget(number)) control->setFocus(Qt::OtherFocusReason);
+  }
+}
+
+void PeripheralPageView::SlideOut() {
+  FollowPopup();
+  if (drawer_ != nullptr) drawer_->SlideOut();
+}
+
+void PeripheralPageView::SlideBack() {
+  if (drawer_ != nullptr) drawer_->SlideBack();
+}
+
+void PeripheralPageView::ControlsChanged() {
+  FollowPopup();
+  if (drawer_ != nullptr && page_.Popup() != nullptr) drawer_->Draw(*page_.Popup());
+}
+
 void PeripheralPageView::SelectRow(int row) {
   if (row < 0) return;
   page_.Select(row);
@@ -127,16 +184,30 @@ void PeripheralPageView::Redraw() {
     panelView_->Redraw();
   }
   parameters_->Redraw();
+  FollowPopup();
 }
 
 void PeripheralPageView::ControlKey() {
-  // Inside the panel the key goes back to the list; elsewhere into the panel.
+  // Inside the panel the key goes on to the drawer when it is out, else back to the
+  // list; elsewhere into the panel.
   QWidget* focus = focusWidget();
   if (focus != nullptr && panelView_->isAncestorOf(focus)) {
+    const ExtraSettingsPanel* popup = page_.Popup();
+    if (drawer_ != nullptr && drawer_->isVisible() && popup != nullptr) {
+      if (QWidget* first = drawer_->ControlWidget(popup->FirstShownControl())) {
+        drawer_->FocusControl(first);
+        return;
+      }
+    }
     list_->setFocus();
   } else {
     panelView_->FocusCheckedOption();
   }
+}
+
+void PeripheralPageView::FocusGenerate() {
+  window()->activateWindow();
+  generate_->setFocus(Qt::OtherFocusReason);
 }
 
 }  // namespace tessara

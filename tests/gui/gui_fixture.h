@@ -56,6 +56,21 @@ struct GuiSession {
   std::unique_ptr<MainWindow> window;
 };
 
+// The offscreen platform has no window stacking, window shapes or size hints for the
+// window system; it says so at every raise, mask and minimum size of the drawer beside
+// the peripheral page. Those notes are dropped, every other message passes on.
+inline void QuietOffscreenWarnings() {
+  static QtMessageHandler previous = nullptr;
+  previous = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext& context, const QString& text) {
+    if (type == QtWarningMsg && (text == "This plugin does not support raise()" ||
+                                 text == "This plugin does not support setting window masks" ||
+                                 text == "This plugin does not support propagateSizeHints()")) {
+      return;
+    }
+    if (previous != nullptr) previous(type, context, text);
+  });
+}
+
 // Chooses the item with `text` in a box as the user does: the box shows it and reports
 // its activation.
 inline bool Activate(QComboBox* box, const QString& text) {
