@@ -40,6 +40,9 @@ class IniText {
   std::string Read(const std::string& section, const std::string& key, const std::string& fallback,
                    std::size_t bufferSize = kProfileBufferSize, bool* found = nullptr);
   const std::string& text() const { return text_; }
+  // Hands the text on once the keys wanted are read: a group load keeps its file's text
+  // as its section store. Nothing may be read from the IniText after this.
+  std::string TakeText() && { return std::move(text_); }
   // Whether the text holds all of the first section of that name: a header line follows
   // it. Read from a file's start only, such a section reads as in the whole file.
   bool HoldsWholeSection(const std::string& section);

@@ -5,6 +5,7 @@
 
 #include "core/host.h"
 #include "core/ini.h"
+#include "core/section_finder.h"
 #include "core/text.h"
 
 namespace tessara {
@@ -14,6 +15,9 @@ namespace {
 const char* const kIoFolder = "IO Files";
 // How much of a data file's start the catalogue reads first.
 constexpr std::size_t kCatalogueReadAhead = 16 * 1024;
+// Room for the places of a group's lines is made at once for about one line in this
+// many bytes of its file, and given back once the lines are known.
+constexpr std::size_t kBytesPerLineGuess = 32;
 
 // Reads keys prefix1, prefix2, ... of a section until the first absent (or empty) one.
 template <std::size_t N>
@@ -26,13 +30,52 @@ void ReadNumberedKeys(IniText& file, const std::string& section, const char* pre
   }
 }
 
+// The comment rule and the line limit, applied to one section's lines one by one; the
+// lines kept go to row k of the entry's store.
+class SectionLineKeeper {
+ public:
+  SectionLineKeeper(Host& host, DatabaseEntry& entry, int slot, int k)
+      : host_(&host), entry_(&entry), slot_(slot), k_(k) {}
+
+  // Whether lines can be kept at all: elsewhere every line is refused with a message.
+  static bool Storable(int slot, int k) { return slot <= kMaxDataFiles && k >= 0 && k <= kMaxConfigurations; }
+
+  // `line` stands at `offset` of the store's text.
+  void Offer(std::string_view line, std::size_t offset) {
+    bool comment = (line.size() > 0 && line[0] == '/') || (line.size() > 1 && line[1] == '/');
+    if (line.empty() || comment) return;
+    if (slot_ > kMaxDataFiles) {
+      host_->MessageBox(std::string(kTooMuchDataMessage) + "4002");
+      return;
+    }
+    if (k_ > kMaxConfigurations) {
+      host_->MessageBox(std::string(kTooMuchDataMessage) + "4003");
+      return;
+    }
+    if (place_ > kMaxSectionLines) {
+      host_->MessageBox(std::string(kTooMuchDataMessage) + "4004");
+      return;
+    }
+    if (k_ < 0) return;
+    entry_->SectionLines.AddLine(static_cast<std::size_t>(k_), offset, line.size());
+    ++place_;
+  }
+
+ private:
+  Host* host_;
+  DatabaseEntry* entry_;
+  int slot_;
+  int k_;
+  int place_ = 1;
+};
+
 }  // namespace
 
-const std::string* DatabaseEntry::SectionLine(int k, int place) const {
-  if (k < 0 || k > kMaxConfigurations || place < 1) return nullptr;
-  const std::vector<std::string>& lines = SectionLines[static_cast<std::size_t>(k)];
-  if (static_cast<std::size_t>(place) > lines.size()) return nullptr;
-  return &lines[static_cast<std::size_t>(place - 1)];
+std::optional<std::string_view> DatabaseEntry::SectionLine(int k, int place) const {
+  if (k < 0 || k > kMaxConfigurations || place < 1) return std::nullopt;
+  const SectionStore::Row lines = SectionLines[static_cast<std::size_t>(k)];
+  if (static_cast<std::size_t>(place) > lines.size()) return std::nullopt;
+  return lines[static_cast<std::size_t>(place - 1)];
 }
 
 LocatedFile DataFileInIoFolder(const std::string& name) {
@@ -99,35 +142,16 @@ int LoadCatalogue(Host& host, DeviceDatabase& database, const std::vector<std::s
 }
 
 void StoreSectionLines(Host& host, DatabaseEntry& entry, int slot, int k, const std::string& text) {
-  if (slot <= kMaxDataFiles && k >= 0 && k <= kMaxConfigurations) {
-    // Room for every line at once, so that the lines are not moved as the row grows.
-    std::size_t lines = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
-    entry.SectionLines[static_cast<std::size_t>(k)].reserve(std::min<std::size_t>(lines, kMaxSectionLines));
-  }
-  int place = 1;
+  const std::size_t base =
+      SectionLineKeeper::Storable(slot, k) ? entry.SectionLines.AppendText(text) : 0;
+  SectionLineKeeper keeper(host, entry, slot, k);
   std::size_t start = 0;
   while (start < text.size()) {
     std::size_t end = text.find('\n', start);
     // A last line that no line feed ends is not part of the section.
     if (end == std::string::npos) break;
-    std::string_view line = std::string_view(text).substr(start, end - start);
+    keeper.Offer(std::string_view(text).substr(start, end - start), base + start);
     start = end + 1;
-    bool comment = (line.size() > 0 && line[0] == '/') || (line.size() > 1 && line[1] == '/');
-    if (line.empty() || comment) continue;
-    if (slot > kMaxDataFiles) {
-      host.MessageBox(std::string(kTooMuchDataMessage) + "4002");
-      continue;
-    }
-    if (k > kMaxConfigurations) {
-      host.MessageBox(std::string(kTooMuchDataMessage) + "4003");
-      continue;
-    }
-    if (place > kMaxSectionLines) {
-      host.MessageBox(std::string(kTooMuchDataMessage) + "4004");
-      continue;
-    }
-    entry.SectionLines[static_cast<std::size_t>(k)].emplace_back(line);
-    ++place;
   }
 }
 
@@ -158,12 +182,29 @@ void LoadGroupTables(Host& host, DeviceDatabase& database, int slot, const std::
     }
     return;
   }
-  // The file is read once and cut into chunks once; every section is then found by the
-  // same substring rule a fresh read of the file would apply.
-  std::vector<std::string> texts = ChunkedText(file.text()).ReadSections(sections);
-  for (std::size_t i = 0; i < texts.size(); ++i) {
-    StoreSectionLines(host, entry, slot, static_cast<int>(i) + 1, texts[i]);
+  if (sections.empty()) return;
+  // The file read once is the store of the group's lines: every section is found in it
+  // by the substring rule a fresh read of the file would apply, and its lines are kept
+  // as places in it.
+  const std::size_t base = entry.SectionLines.AdoptText(std::move(file).TakeText());
+  const std::string_view text = entry.SectionLines.Text().substr(base);
+  entry.SectionLines.ReserveLines(text.size() / kBytesPerLineGuess);
+  const SectionFinder finder(text, sections);
+  for (std::size_t i = 0; finder.Applies() && i < sections.size(); ++i) {
+    SectionLineKeeper keeper(host, entry, slot, static_cast<int>(i) + 1);
+    finder.ForEachLine(i, [&](std::size_t offset, std::size_t length) {
+      keeper.Offer(text.substr(offset, length), base + offset);
+    });
   }
+  if (!finder.Applies()) {
+    // A text the one-pass search does not serve is cut into chunks; each section's text
+    // is then kept behind the file's.
+    std::vector<std::string> texts = ChunkedText(text).ReadSections(sections);
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+      StoreSectionLines(host, entry, slot, static_cast<int>(i) + 1, texts[i]);
+    }
+  }
+  entry.SectionLines.ShrinkToFit();
 }
 
 }  // namespace tessara
