@@ -116,7 +116,8 @@ void IniText::ScanNextSection() {
     } while (!SectionHeader(line, name));
   }
   SectionHeader(line, name);
-  Section section{name, {}};
+  Section section;
+  section.name = name;
   for (std::size_t lineStart = position_; NextLine(text_, position_, line); lineStart = position_) {
     std::string_view next;
     if (SectionHeader(line, next)) {
@@ -154,15 +155,12 @@ std::string IniText::Read(const std::string& section, const std::string& key,
   if (found != nullptr) *found = false;
   Section* match = Find(Trim(section));
   if (match == nullptr) return fallback;
-  // Keys are told apart by a hash first: a data file's numbered keys are read one after
-  // the other, and each read walks the keys ahead of its own.
-  if (!match->hashed) {
-    for (Entry& entry : match->entries) entry.keyHash = NoCaseHash(entry.key);
-    match->hashed = true;
-  }
+  if (!match->hashed) HashKeys(*match);
   std::string_view wanted = Trim(key);
   const std::uint64_t wantedHash = NoCaseHash(wanted);
-  for (const Entry& entry : match->entries) {
+  const std::size_t mask = match->keyIndex.size() - 1;
+  for (std::size_t slot = wantedHash & mask; match->keyIndex[slot] != 0; slot = (slot + 1) & mask) {
+    const Entry& entry = match->entries[match->keyIndex[slot] - 1];
     if (entry.keyHash == wantedHash && EqualsNoCase(entry.key, wanted)) {
       if (found != nullptr) *found = true;
       std::size_t limit = bufferSize == 0 ? 0 : bufferSize - 1;
@@ -170,6 +168,28 @@ std::string IniText::Read(const std::string& section, const std::string& key,
     }
   }
   return fallback;
+}
+
+// Keys are found by their hash: a data file's numbered keys are read one after the
+// other, and a walk through the keys ahead of each would make a section's reads grow
+// with the square of its keys. Only the first entry of a key goes into the table.
+void IniText::HashKeys(Section& section) {
+  std::size_t size = 1;
+  while (size < 2 * section.entries.size() + 1) size *= 2;
+  section.keyIndex.assign(size, 0);
+  const std::size_t mask = size - 1;
+  for (std::size_t i = 0; i < section.entries.size(); ++i) {
+    Entry& entry = section.entries[i];
+    entry.keyHash = NoCaseHash(entry.key);
+    std::size_t slot = entry.keyHash & mask;
+    bool seen = false;
+    for (; section.keyIndex[slot] != 0 && !seen; slot = (slot + 1) & mask) {
+      const Entry& other = section.entries[section.keyIndex[slot] - 1];
+      seen = other.keyHash == entry.keyHash && EqualsNoCase(other.key, entry.key);
+    }
+    if (!seen) section.keyIndex[slot] = static_cast<std::uint32_t>(i + 1);
+  }
+  section.hashed = true;
 }
 
 std::string ReadProfileString(const std::string& section, const std::string& key,

@@ -57,8 +57,12 @@ class IniText {
     std::string_view name;   // trimmed
     std::vector<Entry> entries;
     bool closed = false;  // by a following header
-    bool hashed = false;  // the entries' keyHash are set
+    bool hashed = false;  // the entries' keyHash and keyIndex are set
+    // An open-addressing table of the first entry of each key, by keyHash: slot values
+    // are entry indices plus one, 0 for an empty slot. Its size is a power of two.
+    std::vector<std::uint32_t> keyIndex;
   };
+  static void HashKeys(Section& section);
   Section* Find(std::string_view name);
   // The first section of that name, scanning on from where the last search stopped.
   // Reads the header at position_ and the key lines behind it, up to the next header.

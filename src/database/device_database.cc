@@ -23,8 +23,12 @@ constexpr std::size_t kBytesPerLineGuess = 32;
 template <std::size_t N>
 void ReadNumberedKeys(IniText& file, const std::string& section, const char* prefix, int last,
                       std::array<std::string, N>& slots) {
+  std::string key = prefix;
+  const std::size_t stem = key.size();
   for (int j = 1; j <= last; ++j) {
-    std::string value = file.Read(section, prefix + std::to_string(j), "");
+    key.resize(stem);
+    key += std::to_string(j);
+    std::string value = file.Read(section, key, "");
     if (value.empty()) break;
     slots[static_cast<std::size_t>(j)] = value;
   }
