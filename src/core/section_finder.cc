@@ -145,13 +145,38 @@ __attribute__((target("avx2,popcnt,bmi"))) void ScanPageVector32(const Page& pag
   }
   marks.nul = marks.nul || _mm256_movemask_epi8(_mm256_cmpeq_epi8(least, _mm256_setzero_si256())) != 0;
 }
+
+__attribute__((target("avx512bw,popcnt,bmi"))) void ScanPageVector64(const Page& page, PageMarks& marks) {
+  const __m512i feed = _mm512_set1_epi8('\n');
+  const __m512i first = _mm512_set1_epi8(page.first);
+  const __m512i last = _mm512_set1_epi8(page.last);
+  __m512i least = _mm512_set1_epi8(-1);
+  const char* data = page.data;
+  for (std::size_t b = 0; b < page.blocks; ++b, data += kBlock) {
+    const __m512i bytes = _mm512_loadu_si512(data);
+    const __m512i behind = _mm512_loadu_si512(data + page.tail);
+    least = _mm512_min_epu8(least, bytes);
+    const std::uint64_t feeds = _mm512_cmpeq_epi8_mask(bytes, feed);
+    marks.written += WriteLineStarts<true>(feeds, page.base + b * kBlock, marks.starts + marks.written);
+    marks.ends[b] = _mm512_cmpeq_epi8_mask(bytes, first) & _mm512_cmpeq_epi8_mask(behind, last);
+  }
+  marks.nul = marks.nul || _mm512_cmpeq_epi8_mask(least, _mm512_setzero_si512()) != 0;
+}
 #endif
 
 PageScanner ScannerFor(ScanWidth width) {
 #if defined(TESSARA_SCAN_X86)
-  if (width == ScanWidth::kWidest) width = SectionFinder::Supports(ScanWidth::kVector32) ? ScanWidth::kVector32 : ScanWidth::kVector16;
+  if (width == ScanWidth::kWidest) {
+    for (ScanWidth widest : {ScanWidth::kVector64, ScanWidth::kVector32, ScanWidth::kVector16}) {
+      if (SectionFinder::Supports(widest)) {
+        width = widest;
+        break;
+      }
+    }
+  }
+  if (width == ScanWidth::kVector64 && SectionFinder::Supports(width)) return ScanPageVector64;
   if (width == ScanWidth::kVector32 && SectionFinder::Supports(width)) return ScanPageVector32;
-  if (width == ScanWidth::kVector16 || width == ScanWidth::kVector32) return ScanPageVector16;
+  if (width != ScanWidth::kPlain) return ScanPageVector16;
 #endif
   (void)width;
   return ScanPagePlain;
@@ -161,11 +186,15 @@ PageScanner ScannerFor(ScanWidth width) {
 
 bool SectionFinder::Supports(ScanWidth width) {
 #if defined(TESSARA_SCAN_X86)
-  static const bool vector32 = [] {
+  static const bool bitInstructions = [] {
     __builtin_cpu_init();
-    return __builtin_cpu_supports("avx2") && __builtin_cpu_supports("popcnt") && __builtin_cpu_supports("bmi");
+    return __builtin_cpu_supports("popcnt") && __builtin_cpu_supports("bmi");
   }();
-  return width != ScanWidth::kVector32 || vector32;
+  static const bool vector32 = bitInstructions && __builtin_cpu_supports("avx2");
+  static const bool vector64 = bitInstructions && __builtin_cpu_supports("avx512bw");
+  if (width == ScanWidth::kVector32) return vector32;
+  if (width == ScanWidth::kVector64) return vector64;
+  return true;
 #else
   return width == ScanWidth::kPlain || width == ScanWidth::kWidest;
 #endif
@@ -218,17 +247,17 @@ void SectionFinder::Scan(std::string_view ending, Scanner scanPage) {
   const std::size_t tail = ending.size() - 1;
   // Line starts are written ahead of their count: room for a page's worth is kept free.
   constexpr std::size_t kPageRoom = kPageBlocks * kBlock;
-  lineStarts_.resize(size / kBytesPerLineGuess + kPageRoom + 1);
+  MakeLineRoom(size / kBytesPerLineGuess + kPageRoom + 1);
   std::size_t& lines = lineCount_;
   if (size > 0) lineStarts_[lines++] = 0;
   bool nul = false;
   std::size_t i = 0;
   std::uint64_t ends[kPageBlocks];
   while (i + kBlock + tail <= size) {
-    if (lines + kPageRoom > lineStarts_.size()) lineStarts_.resize(2 * lineStarts_.size());
+    if (lines + kPageRoom > lineRoom_) MakeLineRoom(2 * lineRoom_);
     const Page page{data + i, i, std::min(kPageBlocks, (size - tail - i) / kBlock), tail, ending.front(),
                     ending.back()};
-    PageMarks marks{lineStarts_.data() + lines, ends};
+    PageMarks marks{lineStarts_.get() + lines, ends};
     scanPage(page, marks);
     lines += marks.written;
     nul = nul || marks.nul;
@@ -241,7 +270,7 @@ void SectionFinder::Scan(std::string_view ending, Scanner scanPage) {
   }
   for (; i < size; ++i) {
     if (data[i] == '\n') {
-      if (lines == lineStarts_.size()) lineStarts_.resize(2 * lineStarts_.size());
+      if (lines == lineRoom_) MakeLineRoom(2 * lineRoom_);
       lineStarts_[lines++] = i + 1;
     }
     if (data[i] == '\0') nul = true;
@@ -251,8 +280,14 @@ void SectionFinder::Scan(std::string_view ending, Scanner scanPage) {
   }
   // A line feed at the very end starts no line.
   if (lines > 0 && lineStarts_[lines - 1] == size) --lines;
-  lineStarts_.resize(lines);
   applies_ = !nul;
+}
+
+void SectionFinder::MakeLineRoom(std::size_t room) {
+  std::unique_ptr<std::size_t[]> larger(new std::size_t[room]);
+  if (lineCount_ > 0) std::memcpy(larger.get(), lineStarts_.get(), lineCount_ * sizeof(std::size_t));
+  lineStarts_ = std::move(larger);
+  lineRoom_ = room;
 }
 
 // The ending may stand at `position`: every name not yet found that ends there is
@@ -283,9 +318,8 @@ void SectionFinder::FindNamesEndingAt(std::size_t position, std::string_view end
 }
 
 std::size_t SectionFinder::LineOf(std::size_t position) const {
-  // While the scan runs, only the first lineCount_ places hold line starts.
-  const auto end = lineStarts_.begin() + static_cast<std::ptrdiff_t>(lineCount_);
-  return static_cast<std::size_t>(std::upper_bound(lineStarts_.begin(), end, position) - lineStarts_.begin()) - 1;
+  const std::size_t* starts = lineStarts_.get();
+  return static_cast<std::size_t>(std::upper_bound(starts, starts + lineCount_, position) - starts) - 1;
 }
 
 }  // namespace tessara

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,9 +23,9 @@ namespace tessara {
 // The search does not apply, and the chunked search must be used, to a text that holds
 // a NUL byte (a chunk's text stops there), to a name that is empty up to its first NUL
 // or holds a CR or a line feed, or to names that share no ending.
-// How the bytes are looked at: by plain code, 16 or 32 at a time by the processor's
+// How the bytes are looked at: by plain code, 16, 32 or 64 at a time by the processor's
 // vector instructions, or the widest way the processor has. Every way finds the same.
-enum class ScanWidth { kPlain, kVector16, kVector32, kWidest };
+enum class ScanWidth { kPlain, kVector16, kVector32, kVector64, kWidest };
 
 class SectionFinder {
  public:
@@ -36,6 +37,8 @@ class SectionFinder {
   static bool Supports(ScanWidth width);
 
   bool Applies() const { return applies_; }
+  // The lines of the whole text: no section has more.
+  std::size_t LineCount() const { return lineCount_; }
 
   // Calls visit(offset, length) for each line of section i's text that a line feed
   // ends, in order: `length` bytes of the text from `offset`, without the line feed and
@@ -62,7 +65,7 @@ class SectionFinder {
   TextLine Line(std::size_t index) const {
     TextLine line;
     line.start = lineStarts_[index];
-    std::size_t next = index + 1 < lineStarts_.size() ? lineStarts_[index + 1] : text_.size();
+    std::size_t next = index + 1 < lineCount_ ? lineStarts_[index + 1] : text_.size();
     line.fed = text_[next - 1] == '\n';
     std::size_t end = line.fed ? next - 1 : next;
     line.contentEnd = (line.fed && end > line.start && text_[end - 1] == '\r') ? end - 1 : end;
@@ -83,8 +86,12 @@ class SectionFinder {
   static constexpr std::size_t kNameGroups = 257;
   std::array<std::size_t, kNameGroups + 1> groupStarts_{};
   std::vector<std::size_t> groupOrder_;
-  std::vector<std::size_t> lineStarts_;
-  std::size_t lineCount_ = 0;             // of lineStarts_, while the scan fills it
+  // Where each line starts: the scan writes ahead of the count, into room it makes
+  // without filling it first.
+  void MakeLineRoom(std::size_t room);
+  std::unique_ptr<std::size_t[]> lineStarts_;
+  std::size_t lineCount_ = 0;
+  std::size_t lineRoom_ = 0;
   std::vector<std::size_t> matchStarts_;  // where name i first stands in one chunk, or npos
   std::size_t missing_ = 0;               // names not found yet
 };
@@ -107,7 +114,24 @@ void SectionFinder::ForEachLine(std::size_t i, Visit&& visit) const {
   const TextLine line = Line(index);
   const std::size_t from = ((matchStarts_[i] - line.start) / kChunkSize + 1) * kChunkSize;
   bool open = from >= line.Length() || ReportLine(line, from, visit);
-  for (++index; open && index < lineStarts_.size(); ++index) open = ReportLine(Line(index), 0, visit);
+  // Every line but the file's last ends with a line feed just before the next line's
+  // start; a line of one chunk ends the section when it begins with "[".
+  const std::size_t last = lineCount_ - 1;
+  const std::size_t* starts = lineStarts_.get();
+  const char* text = text_.data();
+  for (++index; open && index < last; ++index) {
+    const std::size_t start = starts[index];
+    std::size_t end = starts[index + 1] - 1;
+    if (end > start && text[end - 1] == '\r') --end;
+    if (end - start >= kChunkSize) {
+      open = ReportLine(Line(index), 0, visit);
+    } else if (text[start] == '[') {
+      open = false;
+    } else {
+      visit(start, end - start);
+    }
+  }
+  if (open && index == last) ReportLine(Line(last), 0, visit);
 }
 
 }  // namespace tessara

@@ -15,9 +15,6 @@ namespace {
 const char* const kIoFolder = "IO Files";
 // How much of a data file's start the catalogue reads first.
 constexpr std::size_t kCatalogueReadAhead = 16 * 1024;
-// Room for the places of a group's lines is made at once for about one line in this
-// many bytes of its file, and given back once the lines are known.
-constexpr std::size_t kBytesPerLineGuess = 32;
 
 // Reads keys prefix1, prefix2, ... of a section until the first absent (or empty) one.
 template <std::size_t N>
@@ -39,7 +36,8 @@ void ReadNumberedKeys(IniText& file, const std::string& section, const char* pre
 class SectionLineKeeper {
  public:
   SectionLineKeeper(Host& host, DatabaseEntry& entry, int slot, int k)
-      : host_(&host), entry_(&entry), slot_(slot), k_(k) {}
+      : host_(&host), row_(entry.SectionLines, Storable(slot, k) ? static_cast<std::size_t>(k) : SectionStore::kRows),
+        slot_(slot), k_(k) {}
 
   // Whether lines can be kept at all: elsewhere every line is refused with a message.
   static bool Storable(int slot, int k) { return slot <= kMaxDataFiles && k >= 0 && k <= kMaxConfigurations; }
@@ -48,26 +46,24 @@ class SectionLineKeeper {
   void Offer(std::string_view line, std::size_t offset) {
     bool comment = (line.size() > 0 && line[0] == '/') || (line.size() > 1 && line[1] == '/');
     if (line.empty() || comment) return;
-    if (slot_ > kMaxDataFiles) {
-      host_->MessageBox(std::string(kTooMuchDataMessage) + "4002");
-      return;
-    }
-    if (k_ > kMaxConfigurations) {
-      host_->MessageBox(std::string(kTooMuchDataMessage) + "4003");
-      return;
-    }
-    if (place_ > kMaxSectionLines) {
-      host_->MessageBox(std::string(kTooMuchDataMessage) + "4004");
+    if (slot_ > kMaxDataFiles || k_ > kMaxConfigurations || place_ > kMaxSectionLines) {
+      Refuse();
       return;
     }
     if (k_ < 0) return;
-    entry_->SectionLines.AddLine(static_cast<std::size_t>(k_), offset, line.size());
+    row_.Add(offset, line.size());
     ++place_;
   }
 
  private:
+  // A line beyond a limit: its message, the first limit it meets naming the place.
+  void Refuse() const {
+    const char* code = slot_ > kMaxDataFiles ? "4002" : k_ > kMaxConfigurations ? "4003" : "4004";
+    host_->MessageBox(std::string(kTooMuchDataMessage) + code);
+  }
+
   Host* host_;
-  DatabaseEntry* entry_;
+  SectionStore::RowWriter row_;
   int slot_;
   int k_;
   int place_ = 1;
@@ -192,8 +188,9 @@ void LoadGroupTables(Host& host, DeviceDatabase& database, int slot, const std::
   // as places in it.
   const std::size_t base = entry.SectionLines.AdoptText(std::move(file).TakeText());
   const std::string_view text = entry.SectionLines.Text().substr(base);
-  entry.SectionLines.ReserveLines(text.size() / kBytesPerLineGuess);
   const SectionFinder finder(text, sections);
+  // No section holds more lines than the file.
+  entry.SectionLines.ReserveLines(finder.LineCount());
   for (std::size_t i = 0; finder.Applies() && i < sections.size(); ++i) {
     SectionLineKeeper keeper(host, entry, slot, static_cast<int>(i) + 1);
     finder.ForEachLine(i, [&](std::size_t offset, std::size_t length) {
@@ -208,7 +205,6 @@ void LoadGroupTables(Host& host, DeviceDatabase& database, int slot, const std::
       StoreSectionLines(host, entry, slot, static_cast<int>(i) + 1, texts[i]);
     }
   }
-  entry.SectionLines.ShrinkToFit();
 }
 
 }  // namespace tessara

@@ -14,6 +14,21 @@ std::size_t SectionStore::AppendText(std::string_view text) {
   return offset;
 }
 
+SectionStore::RowWriter::RowWriter(SectionStore& store, std::size_t k)
+    : store_(store), k_(k), valid_(k < kRows), textSize_(store.text_.size()) {
+  if (!valid_) return;
+  RowSpans& row = store_.rows_[k];
+  if (row.count == 0) {
+    row.first = store_.spans_.size();
+  } else if (row.first + row.count != store_.spans_.size()) {
+    store_.MoveRowToEnd(row);
+  }
+}
+
+SectionStore::RowWriter::~RowWriter() {
+  if (valid_) store_.rows_[k_].count = store_.spans_.size() - store_.rows_[k_].first;
+}
+
 void SectionStore::MoveRowToEnd(RowSpans& row) {
   std::size_t moved = spans_.size();
   for (std::size_t i = 0; i < row.count; ++i) spans_.push_back(spans_[row.first + i]);

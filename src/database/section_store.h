@@ -80,20 +80,29 @@ class SectionStore {
 
   // Room for this many lines in all rows together.
   void ReserveLines(std::size_t lines) { spans_.reserve(lines); }
-  // Gives back the room no line took.
-  void ShrinkToFit() { spans_.shrink_to_fit(); }
   // Adds a line to row k: `length` bytes of the buffer from `offset`.
-  void AddLine(std::size_t k, std::size_t offset, std::size_t length) {
-    if (k >= kRows || offset > text_.size() || length > text_.size() - offset) return;
-    RowSpans& row = rows_[k];
-    if (row.count == 0) {
-      row.first = spans_.size();
-    } else if (row.first + row.count != spans_.size()) {
-      MoveRowToEnd(row);
+  void AddLine(std::size_t k, std::size_t offset, std::size_t length) { RowWriter(*this, k).Add(offset, length); }
+  // Adds lines to one row, one after the other, while no other row is added to: the
+  // way a group load fills its rows. The row takes its new lines when the writer ends.
+  class RowWriter {
+   public:
+    RowWriter(SectionStore& store, std::size_t k);
+    ~RowWriter();
+    RowWriter(const RowWriter&) = delete;
+    RowWriter& operator=(const RowWriter&) = delete;
+    // Adds `length` bytes of the buffer from `offset` as the row's next line.
+    void Add(std::size_t offset, std::size_t length) {
+      if (!valid_ || offset > textSize_ || length > textSize_ - offset) return;
+      store_.spans_.push_back({offset, length});
     }
-    spans_.push_back({offset, length});
-    ++row.count;
-  }
+
+   private:
+    SectionStore& store_;
+    std::size_t k_;
+    bool valid_;
+    std::size_t textSize_;
+  };
+
   // Row k holds copies of `lines`, and nothing else.
   void Assign(std::size_t k, const std::vector<std::string>& lines);
 

@@ -36,7 +36,8 @@ std::vector<std::vector<std::string>> ChunkedLines(const std::string& text, cons
 
 std::vector<ScanWidth> Widths() {
   std::vector<ScanWidth> widths;
-  for (ScanWidth width : {ScanWidth::kPlain, ScanWidth::kVector16, ScanWidth::kVector32, ScanWidth::kWidest}) {
+  for (ScanWidth width : {ScanWidth::kPlain, ScanWidth::kVector16, ScanWidth::kVector32, ScanWidth::kVector64,
+                          ScanWidth::kWidest}) {
     if (SectionFinder::Supports(width)) widths.push_back(width);
   }
   return widths;
