@@ -10,23 +10,30 @@ namespace tessara {
 
 namespace {
 
+std::string NewTemporaryFolder() {
+  std::string pattern = (std::filesystem::temp_directory_path() / "tessara-bench-XXXXXX").string();
+  return mkdtemp(pattern.data());
+}
+
+template <typename Home>
 struct HomeOwner {
-  HomeOwner() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "tessara-bench-XXXXXX").string();
-    std::string folder = mkdtemp(pattern.data());
-    home = WriteSyntheticHome(folder);
-  }
+  explicit HomeOwner(Home written) : home(std::move(written)) {}
   ~HomeOwner() {
     std::error_code ignored;
     std::filesystem::remove_all(home.folder, ignored);
   }
-  SyntheticHome home;
+  Home home;
 };
 
 }  // namespace
 
 const SyntheticHome& BenchHome() {
-  static HomeOwner owner;
+  static HomeOwner<SyntheticHome> owner(WriteSyntheticHome(NewTemporaryFolder()));
+  return owner.home;
+}
+
+const FullChipHome& FullChip() {
+  static HomeOwner<FullChipHome> owner(WriteFullChipHome(NewTemporaryFolder(), TESSARA_SOURCE_DIR "/data"));
   return owner.home;
 }
 
@@ -45,10 +52,14 @@ std::size_t ReadFilesOnce(const std::vector<std::string>& paths) {
 }
 
 double FloorSeconds(const std::vector<std::string>& paths) {
-  for (int warmUp = 0; warmUp < 3; ++warmUp) ReadFilesOnce(paths);
+  return MeanSeconds([&paths] { return ReadFilesOnce(paths); });
+}
+
+double MeanSeconds(const std::function<std::size_t()>& work) {
+  for (int warmUp = 0; warmUp < 3; ++warmUp) benchmark::DoNotOptimize(work());
   constexpr int kRuns = 100;
   BenchClock::time_point start = BenchClock::now();
-  for (int run = 0; run < kRuns; ++run) ReadFilesOnce(paths);
+  for (int run = 0; run < kRuns; ++run) benchmark::DoNotOptimize(work());
   return SecondsSince(start) / kRuns;
 }
 
@@ -57,7 +68,13 @@ void ReportAgainstFloor(benchmark::State& state, double measuredSeconds, double 
   double mean = measuredSeconds / static_cast<double>(state.iterations());
   state.counters["floor_ms"] = floorSeconds * 1e3;
   state.counters["x_floor"] = mean / floorSeconds;
-  state.counters["target_x"] = targetMultiple;
+  if (targetMultiple > 0) state.counters["target_x"] = targetMultiple;
+}
+
+void ReportAgainstFloorAndTime(benchmark::State& state, double measuredSeconds, double floorSeconds,
+                               double targetSeconds) {
+  ReportAgainstFloor(state, measuredSeconds, floorSeconds, 0);
+  state.counters["target_ms"] = targetSeconds * 1e3;
 }
 
 }  // namespace tessara

@@ -5,9 +5,11 @@
 
 #include <time.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
+#include "full_chip.h"
 #include "synthetic_data.h"
 
 namespace tessara {
@@ -29,17 +31,28 @@ inline double SecondsSince(BenchClock::time_point start) { return BenchClock::no
 // folder that is removed at exit.
 const SyntheticHome& BenchHome();
 
+// A program folder with one chip that has every panel there is (full_chip.h), written
+// once per process into a temporary folder that is removed at exit.
+const FullChipHome& FullChip();
+
 // The physical floor of reading files: each opened, read whole into memory once and
 // closed, with plain system calls. Returns the bytes read.
 std::size_t ReadFilesOnce(const std::vector<std::string>& paths);
 
 // The mean time of ReadFilesOnce over enough runs to be steady.
 double FloorSeconds(const std::vector<std::string>& paths);
+// The mean time of any floor's work over enough runs to be steady; the work returns the
+// bytes it handled, so that it is not left out.
+double MeanSeconds(const std::function<std::size_t()>& work);
 
 // Reports the floor beside a benchmark's own time: "floor_ms", "x_floor" (the mean time
-// of the measured work divided by the floor) and "target_x", the multiple it must stay in.
+// of the measured work divided by the floor) and "target_x", the multiple it must stay in
+// (left out when there is none).
 void ReportAgainstFloor(benchmark::State& state, double measuredSeconds, double floorSeconds,
                         double targetMultiple);
+// The same with a target in time, "target_ms", instead of a multiple.
+void ReportAgainstFloorAndTime(benchmark::State& state, double measuredSeconds, double floorSeconds,
+                               double targetSeconds);
 
 }  // namespace tessara
 

@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "core/section_finder.h"
 #include "core/text.h"
 #include "database/device_database.h"
 #include "fuzz_support.h"
@@ -44,6 +45,39 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     chunked.ReadSection(sections[i], one);
     FUZZ_CHECK(one == "kept" + reference);
   }
+  // The one-pass search over the bytes as read, where it applies, reports exactly the
+  // lines of those texts that a line feed ends.
+  std::vector<std::vector<std::string>> found(sections.size());
+  const SectionFinder finder(fileText, sections);
+  const bool applies = finder.Applies();
+  for (std::size_t i = 0; i < sections.size(); ++i) {
+    finder.ForEachLine(i, [&](std::size_t offset, std::size_t length) {
+      FUZZ_CHECK(offset <= fileText.size() && length <= fileText.size() - offset);
+      found[i].push_back(fileText.substr(offset, length));
+    });
+  }
+  if (applies) {
+    for (std::size_t i = 0; i < sections.size(); ++i) {
+      std::vector<std::string> lines;
+      for (std::size_t start = 0, end; (end = texts[i].find('\n', start)) != std::string::npos; start = end + 1) {
+        lines.push_back(texts[i].substr(start, end - start));
+      }
+      FUZZ_CHECK(found[i] == lines);
+    }
+  } else {
+    FUZZ_CHECK(found == std::vector<std::vector<std::string>>(sections.size()));
+    // It declines only for a NUL in the text, a name empty up to its NUL or holding a
+    // line end, or names without a common ending.
+    const std::string_view firstName(sections[0].c_str());
+    bool oddName = firstName.empty();
+    for (const std::string& section : sections) {
+      std::string_view name(section.c_str());
+      oddName = oddName || name.empty() || name.find_first_of("\r\n") != std::string_view::npos ||
+                name.back() != firstName.back();
+    }
+    FUZZ_CHECK(oddName || fileText.find('\0') != std::string::npos);
+  }
+
   std::string fromChunks;
   ReadSectionFromChunks(ReadTextChunks(fileText), sections[0], fromChunks);
   FUZZ_CHECK("kept" + fromChunks == text);
@@ -57,13 +91,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
   if (slot > kMaxDataFiles || k > kMaxConfigurations) {
     FUZZ_CHECK(host.messages.size() == candidates);
-    for (const auto& lines : entry->SectionLines) FUZZ_CHECK(lines.empty());
+    for (std::size_t row = 0; row < SectionStore::kRows; ++row) FUZZ_CHECK(entry->SectionLines.Count(row) == 0);
     return 0;
   }
-  const auto& stored = entry->SectionLines[static_cast<std::size_t>(k)];
+  const SectionStore::Row stored = entry->SectionLines[static_cast<std::size_t>(k)];
   FUZZ_CHECK(stored.size() == std::min<std::size_t>(candidates, kMaxSectionLines));
   FUZZ_CHECK(host.messages.size() == candidates - stored.size());
-  for (const std::string& line : stored) {
+  for (std::string_view line : stored) {
     FUZZ_CHECK(!line.empty() && line.find('\n') == std::string::npos);
     FUZZ_CHECK(line[0] != '/' && (line.size() < 2 || line[1] != '/'));
   }

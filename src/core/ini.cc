@@ -1,6 +1,8 @@
 #include "core/ini.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <cstring>
 #include <fstream>
 #include <string_view>
 #include <vector>
@@ -82,13 +84,35 @@ std::string ReadProfileStringFromText(const std::string& fileText, const std::st
 
 namespace {
 
-// FNV-1a over the lower-case bytes, so that names equal without regard to case hash alike.
+// A hash of the lower-case bytes, so that names equal without regard to case hash
+// alike. Eight bytes at a time: the capitals of a word are found and lowered together.
 std::uint64_t NoCaseHash(std::string_view text) {
-  std::uint64_t hash = 14695981039346656037ull;
-  for (char c : text) {
-    hash ^= static_cast<unsigned char>(ToLowerAscii(c));
-    hash *= 1099511628211ull;
+  constexpr std::uint64_t kOnes = 0x0101010101010101ull;
+  constexpr std::uint64_t kMultiplier = 0x9E3779B97F4A7C15ull;
+  std::uint64_t hash = text.size() * kMultiplier;
+  for (std::size_t at = 0; at < text.size(); at += 8) {
+    std::uint64_t word = 0;
+    if (text.size() - at >= 8) {
+      std::memcpy(&word, text.data() + at, 8);
+    } else {
+      for (std::size_t i = at; i < text.size(); ++i) {
+        word |= static_cast<std::uint64_t>(static_cast<unsigned char>(text[i])) << (8 * (i - at));
+      }
+    }
+    // A byte from 'A' to 'Z' gets 0x20 added: its high bit marks the range test below.
+    const std::uint64_t ascii = word & (0x7F * kOnes);
+    const std::uint64_t fromA = ascii + (0x80 - 'A') * kOnes;
+    const std::uint64_t pastZ = ascii + (0x80 - 'Z' - 1) * kOnes;
+    const std::uint64_t capitals = fromA & ~pastZ & ~word & (0x80 * kOnes);
+    word |= capitals >> 2;
+    hash = (hash ^ word) * kMultiplier;
+    hash ^= hash >> 32;
   }
+  // Numbered keys differ in their last bytes, which the multiplications carry only into
+  // the high bits: a final mix spreads them over the low bits that pick a table slot.
+  hash ^= hash >> 33;
+  hash *= 0xFF51AFD7ED558CCDull;
+  hash ^= hash >> 33;
   return hash;
 }
 
@@ -116,7 +140,8 @@ void IniText::ScanNextSection() {
     } while (!SectionHeader(line, name));
   }
   SectionHeader(line, name);
-  Section section{name, {}};
+  Section section;
+  section.name = name;
   for (std::size_t lineStart = position_; NextLine(text_, position_, line); lineStart = position_) {
     std::string_view next;
     if (SectionHeader(line, next)) {
@@ -154,15 +179,12 @@ std::string IniText::Read(const std::string& section, const std::string& key,
   if (found != nullptr) *found = false;
   Section* match = Find(Trim(section));
   if (match == nullptr) return fallback;
-  // Keys are told apart by a hash first: a data file's numbered keys are read one after
-  // the other, and each read walks the keys ahead of its own.
-  if (!match->hashed) {
-    for (Entry& entry : match->entries) entry.keyHash = NoCaseHash(entry.key);
-    match->hashed = true;
-  }
+  if (!match->hashed) HashKeys(*match);
   std::string_view wanted = Trim(key);
   const std::uint64_t wantedHash = NoCaseHash(wanted);
-  for (const Entry& entry : match->entries) {
+  const std::size_t mask = match->keyIndex.size() - 1;
+  for (std::size_t slot = wantedHash & mask; match->keyIndex[slot] != 0; slot = (slot + 1) & mask) {
+    const Entry& entry = match->entries[match->keyIndex[slot] - 1];
     if (entry.keyHash == wantedHash && EqualsNoCase(entry.key, wanted)) {
       if (found != nullptr) *found = true;
       std::size_t limit = bufferSize == 0 ? 0 : bufferSize - 1;
@@ -170,6 +192,28 @@ std::string IniText::Read(const std::string& section, const std::string& key,
     }
   }
   return fallback;
+}
+
+// Keys are found by their hash: a data file's numbered keys are read one after the
+// other, and a walk through the keys ahead of each would make a section's reads grow
+// with the square of its keys. Only the first entry of a key goes into the table.
+void IniText::HashKeys(Section& section) {
+  std::size_t size = 1;
+  while (size < 2 * section.entries.size() + 1) size *= 2;
+  section.keyIndex.assign(size, 0);
+  const std::size_t mask = size - 1;
+  for (std::size_t i = 0; i < section.entries.size(); ++i) {
+    Entry& entry = section.entries[i];
+    entry.keyHash = NoCaseHash(entry.key);
+    std::size_t slot = entry.keyHash & mask;
+    bool seen = false;
+    for (; section.keyIndex[slot] != 0 && !seen; slot = (slot + 1) & mask) {
+      const Entry& other = section.entries[section.keyIndex[slot] - 1];
+      seen = other.keyHash == entry.keyHash && EqualsNoCase(other.key, entry.key);
+    }
+    if (!seen) section.keyIndex[slot] = static_cast<std::uint32_t>(i + 1);
+  }
+  section.hashed = true;
 }
 
 std::string ReadProfileString(const std::string& section, const std::string& key,

@@ -40,6 +40,9 @@ class IniText {
   std::string Read(const std::string& section, const std::string& key, const std::string& fallback,
                    std::size_t bufferSize = kProfileBufferSize, bool* found = nullptr);
   const std::string& text() const { return text_; }
+  // Hands the text on once the keys wanted are read: a group load keeps its file's text
+  // as its section store. Nothing may be read from the IniText after this.
+  std::string TakeText() && { return std::move(text_); }
   // Whether the text holds all of the first section of that name: a header line follows
   // it. Read from a file's start only, such a section reads as in the whole file.
   bool HoldsWholeSection(const std::string& section);
@@ -54,8 +57,12 @@ class IniText {
     std::string_view name;   // trimmed
     std::vector<Entry> entries;
     bool closed = false;  // by a following header
-    bool hashed = false;  // the entries' keyHash are set
+    bool hashed = false;  // the entries' keyHash and keyIndex are set
+    // An open-addressing table of the first entry of each key, by keyHash: slot values
+    // are entry indices plus one, 0 for an empty slot. Its size is a power of two.
+    std::vector<std::uint32_t> keyIndex;
   };
+  static void HashKeys(Section& section);
   Section* Find(std::string_view name);
   // The first section of that name, scanning on from where the last search stopped.
   // Reads the header at position_ and the key lines behind it, up to the next header.

@@ -46,6 +46,8 @@ std::string ToUpperAscii(std::string_view text) {
 
 bool EqualsNoCase(std::string_view a, std::string_view b) {
   if (a.size() != b.size()) return false;
+  // Names are mostly written alike: equal bytes settle it at once.
+  if (a == b) return true;
   for (std::size_t i = 0; i < a.size(); ++i) {
     if (ToLowerAscii(a[i]) != ToLowerAscii(b[i])) return false;
   }

@@ -5,6 +5,7 @@
 
 #include "core/host.h"
 #include "core/ini.h"
+#include "core/section_finder.h"
 #include "core/text.h"
 
 namespace tessara {
@@ -19,20 +20,62 @@ constexpr std::size_t kCatalogueReadAhead = 16 * 1024;
 template <std::size_t N>
 void ReadNumberedKeys(IniText& file, const std::string& section, const char* prefix, int last,
                       std::array<std::string, N>& slots) {
+  std::string key = prefix;
+  const std::size_t stem = key.size();
   for (int j = 1; j <= last; ++j) {
-    std::string value = file.Read(section, prefix + std::to_string(j), "");
+    key.resize(stem);
+    key += std::to_string(j);
+    std::string value = file.Read(section, key, "");
     if (value.empty()) break;
     slots[static_cast<std::size_t>(j)] = value;
   }
 }
 
+// The comment rule and the line limit, applied to one section's lines one by one; the
+// lines kept go to row k of the entry's store.
+class SectionLineKeeper {
+ public:
+  SectionLineKeeper(Host& host, DatabaseEntry& entry, int slot, int k)
+      : host_(&host), row_(entry.SectionLines, Storable(slot, k) ? static_cast<std::size_t>(k) : SectionStore::kRows),
+        slot_(slot), k_(k) {}
+
+  // Whether lines can be kept at all: elsewhere every line is refused with a message.
+  static bool Storable(int slot, int k) { return slot <= kMaxDataFiles && k >= 0 && k <= kMaxConfigurations; }
+
+  // `line` stands at `offset` of the store's text.
+  void Offer(std::string_view line, std::size_t offset) {
+    bool comment = (line.size() > 0 && line[0] == '/') || (line.size() > 1 && line[1] == '/');
+    if (line.empty() || comment) return;
+    if (slot_ > kMaxDataFiles || k_ > kMaxConfigurations || place_ > kMaxSectionLines) {
+      Refuse();
+      return;
+    }
+    if (k_ < 0) return;
+    row_.Add(offset, line.size());
+    ++place_;
+  }
+
+ private:
+  // A line beyond a limit: its message, the first limit it meets naming the place.
+  void Refuse() const {
+    const char* code = slot_ > kMaxDataFiles ? "4002" : k_ > kMaxConfigurations ? "4003" : "4004";
+    host_->MessageBox(std::string(kTooMuchDataMessage) + code);
+  }
+
+  Host* host_;
+  SectionStore::RowWriter row_;
+  int slot_;
+  int k_;
+  int place_ = 1;
+};
+
 }  // namespace
 
-const std::string* DatabaseEntry::SectionLine(int k, int place) const {
-  if (k < 0 || k > kMaxConfigurations || place < 1) return nullptr;
-  const std::vector<std::string>& lines = SectionLines[static_cast<std::size_t>(k)];
-  if (static_cast<std::size_t>(place) > lines.size()) return nullptr;
-  return &lines[static_cast<std::size_t>(place - 1)];
+std::optional<std::string_view> DatabaseEntry::SectionLine(int k, int place) const {
+  if (k < 0 || k > kMaxConfigurations || place < 1) return std::nullopt;
+  const SectionStore::Row lines = SectionLines[static_cast<std::size_t>(k)];
+  if (static_cast<std::size_t>(place) > lines.size()) return std::nullopt;
+  return lines[static_cast<std::size_t>(place - 1)];
 }
 
 LocatedFile DataFileInIoFolder(const std::string& name) {
@@ -99,35 +142,16 @@ int LoadCatalogue(Host& host, DeviceDatabase& database, const std::vector<std::s
 }
 
 void StoreSectionLines(Host& host, DatabaseEntry& entry, int slot, int k, const std::string& text) {
-  if (slot <= kMaxDataFiles && k >= 0 && k <= kMaxConfigurations) {
-    // Room for every line at once, so that the lines are not moved as the row grows.
-    std::size_t lines = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
-    entry.SectionLines[static_cast<std::size_t>(k)].reserve(std::min<std::size_t>(lines, kMaxSectionLines));
-  }
-  int place = 1;
+  const std::size_t base =
+      SectionLineKeeper::Storable(slot, k) ? entry.SectionLines.AppendText(text) : 0;
+  SectionLineKeeper keeper(host, entry, slot, k);
   std::size_t start = 0;
   while (start < text.size()) {
     std::size_t end = text.find('\n', start);
     // A last line that no line feed ends is not part of the section.
     if (end == std::string::npos) break;
-    std::string_view line = std::string_view(text).substr(start, end - start);
+    keeper.Offer(std::string_view(text).substr(start, end - start), base + start);
     start = end + 1;
-    bool comment = (line.size() > 0 && line[0] == '/') || (line.size() > 1 && line[1] == '/');
-    if (line.empty() || comment) continue;
-    if (slot > kMaxDataFiles) {
-      host.MessageBox(std::string(kTooMuchDataMessage) + "4002");
-      continue;
-    }
-    if (k > kMaxConfigurations) {
-      host.MessageBox(std::string(kTooMuchDataMessage) + "4003");
-      continue;
-    }
-    if (place > kMaxSectionLines) {
-      host.MessageBox(std::string(kTooMuchDataMessage) + "4004");
-      continue;
-    }
-    entry.SectionLines[static_cast<std::size_t>(k)].emplace_back(line);
-    ++place;
   }
 }
 
@@ -158,11 +182,28 @@ void LoadGroupTables(Host& host, DeviceDatabase& database, int slot, const std::
     }
     return;
   }
-  // The file is read once and cut into chunks once; every section is then found by the
-  // same substring rule a fresh read of the file would apply.
-  std::vector<std::string> texts = ChunkedText(file.text()).ReadSections(sections);
-  for (std::size_t i = 0; i < texts.size(); ++i) {
-    StoreSectionLines(host, entry, slot, static_cast<int>(i) + 1, texts[i]);
+  if (sections.empty()) return;
+  // The file read once is the store of the group's lines: every section is found in it
+  // by the substring rule a fresh read of the file would apply, and its lines are kept
+  // as places in it.
+  const std::size_t base = entry.SectionLines.AdoptText(std::move(file).TakeText());
+  const std::string_view text = entry.SectionLines.Text().substr(base);
+  const SectionFinder finder(text, sections);
+  // No section holds more lines than the file.
+  entry.SectionLines.ReserveLines(finder.LineCount());
+  for (std::size_t i = 0; finder.Applies() && i < sections.size(); ++i) {
+    SectionLineKeeper keeper(host, entry, slot, static_cast<int>(i) + 1);
+    finder.ForEachLine(i, [&](std::size_t offset, std::size_t length) {
+      keeper.Offer(text.substr(offset, length), base + offset);
+    });
+  }
+  if (!finder.Applies()) {
+    // A text the one-pass search does not serve is cut into chunks; each section's text
+    // is then kept behind the file's.
+    std::vector<std::string> texts = ChunkedText(text).ReadSections(sections);
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+      StoreSectionLines(host, entry, slot, static_cast<int>(i) + 1, texts[i]);
+    }
   }
 }
 

@@ -2,8 +2,12 @@
 #define TESSARA_DATABASE_DEVICE_DATABASE_H_
 
 #include <array>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
+
+#include "database/section_store.h"
 
 namespace tessara {
 
@@ -25,14 +29,15 @@ struct DatabaseEntry {
   std::array<std::string, kMaxParts + 1> Part;
   std::array<std::string, kMaxConfigurations + 1> Configuration;
   // SectionLines[k] are the stored lines of configuration k; place p is index p - 1.
-  std::array<std::vector<std::string>, kMaxConfigurations + 1> SectionLines;
+  SectionStore SectionLines;
   std::array<std::string, kMaxColors + 1> Color;
   std::array<std::string, kMaxConfigurations + 1> ResourceID;
 
   bool TablesLoaded() const { return !Configuration[1].empty(); }
-  // Place p (from 1) of configuration k's section, or nullptr behind its last line.
-  const std::string* SectionLine(int k, int place) const;
+  // Place p (from 1) of configuration k's section, or nothing behind its last line.
+  std::optional<std::string_view> SectionLine(int k, int place) const;
 };
+static_assert(SectionStore::kRows == kMaxConfigurations + 1, "one row of lines per configuration slot");
 
 class DeviceDatabase {
  public:

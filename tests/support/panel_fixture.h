@@ -26,7 +26,7 @@ struct PanelFixture {
     context.parameterList = &list;
   }
 
-  void SetLines(std::vector<std::string> lines) { group->SectionLines[1] = std::move(lines); }
+  void SetLines(const std::vector<std::string>& lines) { group->SectionLines.Assign(1, lines); }
 
   std::unique_ptr<DatabaseEntry> group;
   RecordingHost host;

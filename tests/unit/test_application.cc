@@ -215,7 +215,7 @@ TEST_F(GroupTablesTest, CommentRuleAndUnterminatedLastLine) {
   ASSERT_EQ(entry.SectionLines[1].size(), 2u);
   EXPECT_EQ(*entry.SectionLine(1, 1), "Dialog=Timer RA");
   EXPECT_EQ(*entry.SectionLine(1, 2), "Radiobox_1=x;y // kept");
-  EXPECT_EQ(entry.SectionLine(1, 3), nullptr);
+  EXPECT_FALSE(entry.SectionLine(1, 3).has_value());
 }
 
 TEST_F(GroupTablesTest, ConfigurationsEndAtTheFirstAbsentKey) {
@@ -281,6 +281,17 @@ TEST_F(GroupTablesTest, AnOverLongLineIsStoredAsTheChunksItWasReadIn) {
   // The section text is whole again once its chunks are joined: one stored line.
   ASSERT_EQ(entry.SectionLines[1].size(), 2u);
   EXPECT_EQ(entry.SectionLines[1][0].size(), longLine.size() - 1);
+}
+
+TEST_F(GroupTablesTest, ANulHidesTheRestOfItsChunk) {
+  // The chunk "x=1<NUL>hidden" is read up to its NUL, its line feed with it, so the next
+  // line joins it.
+  Application& app = Start(std::string("[Configuration_G/1 Group]\nConfiguration_1=One\n[One_G/1 Group]\n"
+                                       "x=1\0hidden\ny=2\nz=3\n", 81));
+  const DatabaseEntry& entry = app.database().Entry(1);
+  ASSERT_EQ(entry.SectionLines[1].size(), 2u);
+  EXPECT_EQ(*entry.SectionLine(1, 1), "x=1y=2");
+  EXPECT_EQ(*entry.SectionLine(1, 2), "z=3");
 }
 
 TEST(StoreSectionLines, OutOfRangeSlotsAndRowsAreRefused) {

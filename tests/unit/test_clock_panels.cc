@@ -15,7 +15,7 @@ struct ClockFixture {
     entry.Group = "QTL/4C Group";
     entry.Configuration[1] = "Clock";
     entry.ResourceID[1] = tag;
-    entry.SectionLines[1] = std::move(lines);
+    entry.SectionLines.Assign(1, lines);
     context.host = &host;
     context.group = &entry;
     context.configuration = 1;

@@ -67,8 +67,8 @@ struct Bench {
     group.Group = "TST/1 Group";
     group.Configuration[1] = "Timer RA";
     group.Configuration[2] = "Clock";
-    group.SectionLines[1] = std::move(timerLines);
-    group.SectionLines[2] = clockLines;
+    group.SectionLines.Assign(1, timerLines);
+    group.SectionLines.Assign(2, clockLines);
     clockContext.host = &host;
     clockContext.group = &group;
     clockContext.configuration = 2;

@@ -79,8 +79,8 @@ struct Bench {
     flags.SetFromGroupName(groupName);
     group.Configuration[1] = "UART0";
     group.Configuration[2] = "Clock";
-    group.SectionLines[1] = std::move(uartLines);
-    group.SectionLines[2] = clockLines;
+    group.SectionLines.Assign(1, uartLines);
+    group.SectionLines.Assign(2, clockLines);
     clockContext.host = &host;
     clockContext.group = &group;
     clockContext.configuration = 2;

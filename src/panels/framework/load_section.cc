@@ -3,6 +3,7 @@
 // keys of their layouts and in the few additions below.
 
 #include <cstdlib>
+#include <optional>
 
 #include "core/host.h"
 #include "core/text.h"
@@ -92,25 +93,25 @@ void PeripheralPanel::LoadSection() {
   for (LoadedLists& lists : loaded_) lists = LoadedLists();
   longLayout_ = false;
 
-  const std::vector<std::string>* lines = nullptr;
+  std::optional<SectionStore::Row> lines;
   int k = context_ == nullptr ? 0 : context_->configuration;
   if (context_ != nullptr && context_->group != nullptr && k >= 0 && k <= kMaxConfigurations) {
-    lines = &context_->group->SectionLines[static_cast<std::size_t>(k)];
+    lines = context_->group->SectionLines[static_cast<std::size_t>(k)];
   }
   bool armed = false;
   int nextInitialValue = 0;
   const int lineLimit = LineLengthLimit(kind_);
-  for (int place = 1; lines != nullptr && place <= traits_.linesRead; ++place) {
+  for (int place = 1; lines.has_value() && place <= traits_.linesRead; ++place) {
     if (place > static_cast<int>(lines->size())) break;
-    std::string line = (*lines)[static_cast<std::size_t>(place - 1)];
+    std::string_view line = (*lines)[static_cast<std::size_t>(place - 1)];
     if (static_cast<int>(line.size()) > lineLimit) {
       if (traits_.overrunCode != 0) ShowMessage(OverrunText(",", traits_.overrunCode));
-      line.resize(static_cast<std::size_t>(lineLimit));
+      line = line.substr(0, static_cast<std::size_t>(lineLimit));
     }
     std::size_t equals = line.find('=');
-    if (equals == std::string::npos) continue;
-    std::string_view key(line.data(), equals);
-    std::string_view value(line.data() + equals + 1, line.size() - equals - 1);
+    if (equals == std::string_view::npos) continue;
+    std::string_view key = line.substr(0, equals);
+    std::string_view value = line.substr(equals + 1);
     if (EqualsNoCase(key, "Dialog") && IsDialogValue(value)) {
       armed = true;
       peripheralName_ = context_->group->Configuration[static_cast<std::size_t>(k)];
@@ -259,7 +260,7 @@ void PeripheralPanel::LoadTooltips(std::string_view value) {
 }
 
 void PeripheralPanel::LoadNamedKey(std::string_view key, std::string_view value,
-                                   const std::string& line) {
+                                   std::string_view line) {
   const unsigned absent = traits_.absentKeys;
   if (EqualsNoCase(key, "Peripheral_Heading")) {
     peripheralHeading_ = std::string(value);
@@ -291,7 +292,7 @@ void PeripheralPanel::LoadNamedKey(std::string_view key, std::string_view value,
       if (number.empty() || number.find_first_not_of("0123456789") != std::string::npos) return;
       long slot = std::strtol(number.c_str(), nullptr, 10);
       if (slot >= 1 && slot < static_cast<long>(specs->size())) {
-        (*specs)[static_cast<std::size_t>(slot)] = line;
+        (*specs)[static_cast<std::size_t>(slot)] = std::string(line);
       }
     }
   } else if (StartsWithNoCase(key, "Error")) {

@@ -328,7 +328,7 @@ class PeripheralPanel {
   void ApplyRowKey(int place, const RowKeyLayout& layout);
   void LoadInitialValue(int place, std::string_view key, std::string_view value,
                         int& nextEntry);
-  void LoadNamedKey(std::string_view key, std::string_view value, const std::string& line);
+  void LoadNamedKey(std::string_view key, std::string_view value, std::string_view line);
   void LoadTooltips(std::string_view value);
   void FillBoxes();
   void ApplyKindAdditions();

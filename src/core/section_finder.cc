@@ -1,0 +1,325 @@
+#include "core/section_finder.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+
+#if defined(__x86_64__) && (defined(__GNUC__) || defined(__clang__))
+#define TESSARA_SCAN_X86 1
+#include <immintrin.h>
+#endif
+
+namespace tessara {
+
+namespace {
+
+constexpr std::size_t kNone = std::string_view::npos;
+// Bytes are looked at in blocks of 64, one bit of a mask per byte, and blocks in pages.
+constexpr std::size_t kBlock = 64;
+constexpr std::size_t kPageBlocks = 64;
+// Room for line starts is made for about one line in this many bytes at first.
+constexpr std::size_t kBytesPerLineGuess = 32;
+
+std::string_view CommonEnding(const std::vector<std::string_view>& names) {
+  std::size_t common = names[0].size();
+  for (std::string_view name : names) {
+    std::size_t same = 0;
+    while (same < common && same < name.size() &&
+           name[name.size() - 1 - same] == names[0][names[0].size() - 1 - same]) {
+      ++same;
+    }
+    common = same;
+  }
+  return names[0].substr(names[0].size() - common);
+}
+
+// One page of blocks to scan: `blocks` * 64 bytes at `data`, which is `base` bytes into
+// the text, with `tail` more bytes readable behind them.
+struct Page {
+  const char* data;
+  std::size_t base;
+  std::size_t blocks;
+  std::size_t tail;  // the ending's length less one
+  char first;        // the ending's first and last byte
+  char last;
+};
+
+// What scanning a page gives: the start of each line behind a line feed is written to
+// `starts` (room for 64 per block must be there) and counted; ends[b] has a bit for
+// each place of block b where the ending's first byte stands and its last byte `tail`
+// places further on.
+struct PageMarks {
+  std::size_t* starts;
+  std::uint64_t* ends;
+  std::size_t written = 0;
+  bool nul = false;
+};
+
+// Writes the position behind each line feed that `feeds` marks in the block at `base`,
+// four at a time whatever their number, so that the common case takes no branch.
+// kPopCount: the processor counts bits in one instruction.
+template <bool kPopCount>
+inline std::size_t WriteLineStarts(std::uint64_t feeds, std::size_t base, std::size_t* out) {
+  std::size_t count;
+  if constexpr (kPopCount) {
+    count = static_cast<std::size_t>(__builtin_popcountll(feeds));
+  } else {
+    std::uint64_t bits = feeds - ((feeds >> 1) & 0x5555555555555555ull);
+    bits = (bits & 0x3333333333333333ull) + ((bits >> 2) & 0x3333333333333333ull);
+    bits = (bits + (bits >> 4)) & 0x0F0F0F0F0F0F0F0Full;
+    count = static_cast<std::size_t>((bits * 0x0101010101010101ull) >> 56);
+  }
+  for (std::size_t n = 0; n < 4; ++n, feeds &= feeds - 1) {
+    out[n] = base + static_cast<std::size_t>(std::countr_zero(feeds)) + 1;
+  }
+  for (std::size_t n = 4; n < count; ++n, feeds &= feeds - 1) {
+    out[n] = base + static_cast<std::size_t>(std::countr_zero(feeds)) + 1;
+  }
+  return count;
+}
+
+using PageScanner = void (*)(const Page& page, PageMarks& marks);
+
+void ScanPagePlain(const Page& page, PageMarks& marks) {
+  const char* data = page.data;
+  for (std::size_t b = 0; b < page.blocks; ++b, data += kBlock) {
+    std::uint64_t feeds = 0;
+    std::uint64_t ends = 0;
+    for (std::size_t i = 0; i < kBlock; ++i) {
+      feeds |= static_cast<std::uint64_t>(data[i] == '\n') << i;
+      ends |= static_cast<std::uint64_t>(data[i] == page.first && data[i + page.tail] == page.last) << i;
+      marks.nul = marks.nul || data[i] == '\0';
+    }
+    marks.written += WriteLineStarts<false>(feeds, page.base + b * kBlock, marks.starts + marks.written);
+    marks.ends[b] = ends;
+  }
+}
+
+#if defined(TESSARA_SCAN_X86)
+void ScanPageVector16(const Page& page, PageMarks& marks) {
+  const __m128i feed = _mm_set1_epi8('\n');
+  const __m128i first = _mm_set1_epi8(page.first);
+  const __m128i last = _mm_set1_epi8(page.last);
+  __m128i least = _mm_set1_epi8(-1);
+  const char* data = page.data;
+  for (std::size_t b = 0; b < page.blocks; ++b, data += kBlock) {
+    std::uint64_t feeds = 0;
+    std::uint64_t ends = 0;
+    for (int part = 0; part < 4; ++part) {
+      const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(data + 16 * part));
+      const __m128i behind = _mm_loadu_si128(reinterpret_cast<const __m128i*>(data + 16 * part + page.tail));
+      least = _mm_min_epu8(least, bytes);
+      feeds |= static_cast<std::uint64_t>(static_cast<std::uint16_t>(_mm_movemask_epi8(_mm_cmpeq_epi8(bytes, feed))))
+               << (16 * part);
+      ends |= static_cast<std::uint64_t>(static_cast<std::uint16_t>(_mm_movemask_epi8(
+                  _mm_and_si128(_mm_cmpeq_epi8(bytes, first), _mm_cmpeq_epi8(behind, last)))))
+              << (16 * part);
+    }
+    marks.written += WriteLineStarts<false>(feeds, page.base + b * kBlock, marks.starts + marks.written);
+    marks.ends[b] = ends;
+  }
+  marks.nul = marks.nul || _mm_movemask_epi8(_mm_cmpeq_epi8(least, _mm_setzero_si128())) != 0;
+}
+
+__attribute__((target("avx2"))) inline std::uint64_t Bits(__m256i mask) {
+  return static_cast<std::uint64_t>(static_cast<std::uint32_t>(_mm256_movemask_epi8(mask)));
+}
+
+__attribute__((target("avx2,popcnt,bmi"))) void ScanPageVector32(const Page& page, PageMarks& marks) {
+  const __m256i feed = _mm256_set1_epi8('\n');
+  const __m256i first = _mm256_set1_epi8(page.first);
+  const __m256i last = _mm256_set1_epi8(page.last);
+  __m256i least = _mm256_set1_epi8(-1);
+  const char* data = page.data;
+  for (std::size_t b = 0; b < page.blocks; ++b, data += kBlock) {
+    const __m256i low = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(data));
+    const __m256i high = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(data + 32));
+    const __m256i lowBehind = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(data + page.tail));
+    const __m256i highBehind = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(data + 32 + page.tail));
+    least = _mm256_min_epu8(least, _mm256_min_epu8(low, high));
+    const std::uint64_t feeds = Bits(_mm256_cmpeq_epi8(low, feed)) | Bits(_mm256_cmpeq_epi8(high, feed)) << 32;
+    marks.written += WriteLineStarts<true>(feeds, page.base + b * kBlock, marks.starts + marks.written);
+    marks.ends[b] = Bits(_mm256_and_si256(_mm256_cmpeq_epi8(low, first), _mm256_cmpeq_epi8(lowBehind, last))) |
+                    Bits(_mm256_and_si256(_mm256_cmpeq_epi8(high, first), _mm256_cmpeq_epi8(highBehind, last)))
+                        << 32;
+  }
+  marks.nul = marks.nul || _mm256_movemask_epi8(_mm256_cmpeq_epi8(least, _mm256_setzero_si256())) != 0;
+}
+
+__attribute__((target("avx512bw,popcnt,bmi"))) void ScanPageVector64(const Page& page, PageMarks& marks) {
+  const __m512i feed = _mm512_set1_epi8('\n');
+  const __m512i first = _mm512_set1_epi8(page.first);
+  const __m512i last = _mm512_set1_epi8(page.last);
+  __m512i least = _mm512_set1_epi8(-1);
+  const char* data = page.data;
+  for (std::size_t b = 0; b < page.blocks; ++b, data += kBlock) {
+    const __m512i bytes = _mm512_loadu_si512(data);
+    const __m512i behind = _mm512_loadu_si512(data + page.tail);
+    least = _mm512_min_epu8(least, bytes);
+    const std::uint64_t feeds = _mm512_cmpeq_epi8_mask(bytes, feed);
+    marks.written += WriteLineStarts<true>(feeds, page.base + b * kBlock, marks.starts + marks.written);
+    marks.ends[b] = _mm512_cmpeq_epi8_mask(bytes, first) & _mm512_cmpeq_epi8_mask(behind, last);
+  }
+  marks.nul = marks.nul || _mm512_cmpeq_epi8_mask(least, _mm512_setzero_si512()) != 0;
+}
+#endif
+
+PageScanner ScannerFor(ScanWidth width) {
+#if defined(TESSARA_SCAN_X86)
+  if (width == ScanWidth::kWidest) {
+    for (ScanWidth widest : {ScanWidth::kVector64, ScanWidth::kVector32, ScanWidth::kVector16}) {
+      if (SectionFinder::Supports(widest)) {
+        width = widest;
+        break;
+      }
+    }
+  }
+  if (width == ScanWidth::kVector64 && SectionFinder::Supports(width)) return ScanPageVector64;
+  if (width == ScanWidth::kVector32 && SectionFinder::Supports(width)) return ScanPageVector32;
+  if (width != ScanWidth::kPlain) return ScanPageVector16;
+#endif
+  (void)width;
+  return ScanPagePlain;
+}
+
+}  // namespace
+
+bool SectionFinder::Supports(ScanWidth width) {
+#if defined(TESSARA_SCAN_X86)
+  static const bool bitInstructions = [] {
+    __builtin_cpu_init();
+    return __builtin_cpu_supports("popcnt") && __builtin_cpu_supports("bmi");
+  }();
+  static const bool vector32 = bitInstructions && __builtin_cpu_supports("avx2");
+  static const bool vector64 = bitInstructions && __builtin_cpu_supports("avx512bw");
+  if (width == ScanWidth::kVector32) return vector32;
+  if (width == ScanWidth::kVector64) return vector64;
+  return true;
+#else
+  return width == ScanWidth::kPlain || width == ScanWidth::kWidest;
+#endif
+}
+
+SectionFinder::SectionFinder(std::string_view text, const std::vector<std::string>& sections, ScanWidth width)
+    : text_(text), matchStarts_(sections.size(), kNone), missing_(sections.size()) {
+  if (sections.empty()) return;
+  names_.reserve(sections.size());
+  for (const std::string& section : sections) {
+    // The reading loop holds a name as a C string: up to its first NUL.
+    std::string_view name(section.c_str());
+    if (name.empty()) return;
+    for (char c : name) {
+      if (c == '\r' || c == '\n') return;
+    }
+    names_.push_back(name);
+  }
+  const std::string_view ending = CommonEnding(names_);
+  if (ending.empty()) return;
+  GroupNames(ending);
+  Scan(ending, ScannerFor(width));
+}
+
+// Groups the names by the byte before the ending, so that a place of the ending is
+// compared with few names.
+void SectionFinder::GroupNames(std::string_view ending) {
+  auto groupOf = [&](std::string_view name) {
+    return name.size() > ending.size() ? static_cast<unsigned char>(name[name.size() - ending.size() - 1])
+                                       : kEndingAlone;
+  };
+  groupStarts_.fill(0);
+  for (std::string_view name : names_) ++groupStarts_[groupOf(name) + 1];
+  for (std::size_t group = 1; group < groupStarts_.size(); ++group) groupStarts_[group] += groupStarts_[group - 1];
+  groupOrder_.resize(names_.size());
+  std::array<std::size_t, kNameGroups> next;
+  std::copy(groupStarts_.begin(), groupStarts_.end() - 1, next.begin());
+  for (std::size_t n = 0; n < names_.size(); ++n) groupOrder_[next[groupOf(names_[n])]++] = n;
+}
+
+// One pass over the bytes finds where every line starts, whether a NUL is anywhere, and
+// where each name first stands within one chunk. Each name ends with the names' common
+// ending, so only the places of that ending are looked at, found by its first and last
+// byte. A page of blocks is marked by the widest vector code the processor has, then the
+// places are looked at.
+template <typename Scanner>
+void SectionFinder::Scan(std::string_view ending, Scanner scanPage) {
+  const char* data = text_.data();
+  const std::size_t size = text_.size();
+  const std::size_t tail = ending.size() - 1;
+  // Line starts are written ahead of their count: room for a page's worth is kept free.
+  constexpr std::size_t kPageRoom = kPageBlocks * kBlock;
+  MakeLineRoom(size / kBytesPerLineGuess + kPageRoom + 1);
+  std::size_t& lines = lineCount_;
+  if (size > 0) lineStarts_[lines++] = 0;
+  bool nul = false;
+  std::size_t i = 0;
+  std::uint64_t ends[kPageBlocks];
+  while (i + kBlock + tail <= size) {
+    if (lines + kPageRoom > lineRoom_) MakeLineRoom(2 * lineRoom_);
+    const Page page{data + i, i, std::min(kPageBlocks, (size - tail - i) / kBlock), tail, ending.front(),
+                    ending.back()};
+    PageMarks marks{lineStarts_.get() + lines, ends};
+    scanPage(page, marks);
+    lines += marks.written;
+    nul = nul || marks.nul;
+    for (std::size_t b = 0; missing_ > 0 && b < page.blocks; ++b) {
+      for (std::uint64_t end = ends[b]; end != 0; end &= end - 1) {
+        EndingAt(i + b * kBlock + static_cast<std::size_t>(std::countr_zero(end)), ending);
+      }
+    }
+    i += page.blocks * kBlock;
+  }
+  for (; i < size; ++i) {
+    if (data[i] == '\n') {
+      if (lines == lineRoom_) MakeLineRoom(2 * lineRoom_);
+      lineStarts_[lines++] = i + 1;
+    }
+    if (data[i] == '\0') nul = true;
+    if (missing_ > 0 && i + tail < size && data[i] == ending.front() && data[i + tail] == ending.back()) {
+      EndingAt(i, ending);
+    }
+  }
+  // A line feed at the very end starts no line.
+  if (lines > 0 && lineStarts_[lines - 1] == size) --lines;
+  applies_ = !nul;
+}
+
+void SectionFinder::MakeLineRoom(std::size_t room) {
+  std::unique_ptr<std::size_t[]> larger(new std::size_t[room]);
+  if (lineCount_ > 0) std::memcpy(larger.get(), lineStarts_.get(), lineCount_ * sizeof(std::size_t));
+  lineStarts_ = std::move(larger);
+  lineRoom_ = room;
+}
+
+// The ending may stand at `position`: every name not yet found that ends there is
+// found, when it lies within one chunk of its line.
+void SectionFinder::EndingAt(std::size_t position, std::string_view ending) {
+  if (std::memcmp(text_.data() + position, ending.data(), ending.size()) != 0) return;
+  // Only names with the byte that stands before the ending here, and a name that is the
+  // ending alone, can end here.
+  if (position > 0) FindNamesEndingAt(position, ending, static_cast<unsigned char>(text_[position - 1]));
+  FindNamesEndingAt(position, ending, kEndingAlone);
+}
+
+void SectionFinder::FindNamesEndingAt(std::size_t position, std::string_view ending, std::size_t group) {
+  const std::size_t end = position + ending.size();
+  for (std::size_t at = groupStarts_[group]; at < groupStarts_[group + 1]; ++at) {
+    const std::size_t n = groupOrder_[at];
+    const std::string_view name = names_[n];
+    if (matchStarts_[n] != kNone || name.size() > end) continue;
+    const std::size_t start = end - name.size();
+    if (std::memcmp(text_.data() + start, name.data(), name.size() - ending.size()) != 0) continue;
+    // A name holds no line feed, so it stands within one line, whose start is known by
+    // now; the chunks of a line begin every kChunkSize characters of it.
+    const std::size_t lineStart = lineStarts_[LineOf(start)];
+    if ((start - lineStart) / kChunkSize != (end - 1 - lineStart) / kChunkSize) continue;
+    matchStarts_[n] = start;
+    --missing_;
+  }
+}
+
+std::size_t SectionFinder::LineOf(std::size_t position) const {
+  const std::size_t* starts = lineStarts_.get();
+  return static_cast<std::size_t>(std::upper_bound(starts, starts + lineCount_, position) - starts) - 1;
+}
+
+}  // namespace tessara

@@ -1,0 +1,139 @@
+#ifndef TESSARA_CORE_SECTION_FINDER_H_
+#define TESSARA_CORE_SECTION_FINDER_H_
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/text.h"
+
+namespace tessara {
+
+// Finds the sections of many names in a data file's text as it was read, with the rule
+// of a fresh read for each (a name is a plain substring of one chunk, the section ends
+// at a chunk that begins with "["), but without cutting the file into chunks first: a
+// group load finds all its sections in one pass over the bytes and keeps the lines as
+// places in the text it read. The lines of a section are those of
+// ChunkedText::ReadSections for the same name, cut at their line feeds.
+//
+// The search does not apply, and the chunked search must be used, to a text that holds
+// a NUL byte (a chunk's text stops there), to a name that is empty up to its first NUL
+// or holds a CR or a line feed, or to names that share no ending.
+// How the bytes are looked at: by plain code, 16, 32 or 64 at a time by the processor's
+// vector instructions, or the widest way the processor has. Every way finds the same.
+enum class ScanWidth { kPlain, kVector16, kVector32, kVector64, kWidest };
+
+class SectionFinder {
+ public:
+  // `text` must outlive the finder.
+  SectionFinder(std::string_view text, const std::vector<std::string>& sections,
+                ScanWidth width = ScanWidth::kWidest);
+
+  // Whether this processor can look at the bytes in that way.
+  static bool Supports(ScanWidth width);
+
+  bool Applies() const { return applies_; }
+  // The lines of the whole text: no section has more.
+  std::size_t LineCount() const { return lineCount_; }
+
+  // Calls visit(offset, length) for each line of section i's text that a line feed
+  // ends, in order: `length` bytes of the text from `offset`, without the line feed and
+  // without the CR of a CR LF.
+  template <typename Visit>
+  void ForEachLine(std::size_t i, Visit&& visit) const;
+
+ private:
+  // One line of the file as text mode reads it.
+  struct TextLine {
+    std::size_t start;
+    std::size_t contentEnd;  // behind its last character, before its CR LF or LF
+    bool fed;                // a line feed ends it
+    // Its length as read: the CR of a CR LF does not count, the line feed does.
+    std::size_t Length() const { return contentEnd - start + (fed ? 1 : 0); }
+  };
+
+  template <typename Scanner>
+  void Scan(std::string_view ending, Scanner scanPage);
+  void GroupNames(std::string_view ending);
+  void EndingAt(std::size_t position, std::string_view ending);
+  void FindNamesEndingAt(std::size_t position, std::string_view ending, std::size_t group);
+  std::size_t LineOf(std::size_t position) const;
+  TextLine Line(std::size_t index) const {
+    TextLine line;
+    line.start = lineStarts_[index];
+    std::size_t next = index + 1 < lineCount_ ? lineStarts_[index + 1] : text_.size();
+    line.fed = text_[next - 1] == '\n';
+    std::size_t end = line.fed ? next - 1 : next;
+    line.contentEnd = (line.fed && end > line.start && text_[end - 1] == '\r') ? end - 1 : end;
+    return line;
+  }
+  // Reports `line` from its chunk at `from` on. False when the section ends there: one
+  // of those chunks begins with "[" (the text before it is then a last line without a
+  // line feed, which is no line), or no line feed ends it.
+  template <typename Visit>
+  bool ReportLine(const TextLine& line, std::size_t from, Visit& visit) const;
+
+  std::string_view text_;
+  bool applies_ = false;
+  std::vector<std::string_view> names_;
+  // Names grouped by the byte before the common ending (group 256: a name that is the
+  // ending alone): groupOrder_[groupStarts_[g] .. groupStarts_[g + 1]) are group g's.
+  static constexpr std::size_t kEndingAlone = 256;
+  static constexpr std::size_t kNameGroups = 257;
+  std::array<std::size_t, kNameGroups + 1> groupStarts_{};
+  std::vector<std::size_t> groupOrder_;
+  // Where each line starts: the scan writes ahead of the count, into room it makes
+  // without filling it first.
+  void MakeLineRoom(std::size_t room);
+  std::unique_ptr<std::size_t[]> lineStarts_;
+  std::size_t lineCount_ = 0;
+  std::size_t lineRoom_ = 0;
+  std::vector<std::size_t> matchStarts_;  // where name i first stands in one chunk, or npos
+  std::size_t missing_ = 0;               // names not found yet
+};
+
+template <typename Visit>
+bool SectionFinder::ReportLine(const TextLine& line, std::size_t from, Visit& visit) const {
+  for (std::size_t chunk = from; chunk < line.Length(); chunk += kChunkSize) {
+    if (line.start + chunk < line.contentEnd && text_[line.start + chunk] == '[') return false;
+  }
+  if (!line.fed) return false;
+  visit(line.start + from, line.contentEnd - line.start - from);
+  return true;
+}
+
+template <typename Visit>
+void SectionFinder::ForEachLine(std::size_t i, Visit&& visit) const {
+  if (!applies_ || i >= matchStarts_.size() || matchStarts_[i] == std::string_view::npos) return;
+  // The section begins with the chunk behind the one that holds the name.
+  std::size_t index = LineOf(matchStarts_[i]);
+  const TextLine line = Line(index);
+  const std::size_t from = ((matchStarts_[i] - line.start) / kChunkSize + 1) * kChunkSize;
+  bool open = from >= line.Length() || ReportLine(line, from, visit);
+  // Every line but the file's last ends with a line feed just before the next line's
+  // start; a line of one chunk ends the section when it begins with "[".
+  const std::size_t last = lineCount_ - 1;
+  const std::size_t* starts = lineStarts_.get();
+  const char* text = text_.data();
+  for (++index; open && index < last; ++index) {
+    const std::size_t start = starts[index];
+    std::size_t end = starts[index + 1] - 1;
+    if (end > start && text[end - 1] == '\r') --end;
+    if (end - start >= kChunkSize) {
+      open = ReportLine(Line(index), 0, visit);
+    } else if (text[start] == '[') {
+      open = false;
+    } else {
+      visit(start, end - start);
+    }
+  }
+  if (open && index == last) ReportLine(Line(last), 0, visit);
+}
+
+}  // namespace tessara
+
+#endif  // TESSARA_CORE_SECTION_FINDER_H_

@@ -1,0 +1,125 @@
+#include "core/section_finder.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "core/text.h"
+
+namespace tessara {
+namespace {
+
+// The lines the finder reports for each name, as texts.
+std::vector<std::vector<std::string>> FoundLines(const std::string& text, const std::vector<std::string>& names,
+                                                 ScanWidth width) {
+  SectionFinder finder(text, names, width);
+  EXPECT_TRUE(finder.Applies());
+  std::vector<std::vector<std::string>> lines(names.size());
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    finder.ForEachLine(i, [&](std::size_t offset, std::size_t length) { lines[i].push_back(text.substr(offset, length)); });
+  }
+  return lines;
+}
+
+// The lines of each section as the chunked search reads it, cut at the line feeds.
+std::vector<std::vector<std::string>> ChunkedLines(const std::string& text, const std::vector<std::string>& names) {
+  std::vector<std::vector<std::string>> lines(names.size());
+  std::vector<std::string> sections = ChunkedText(text).ReadSections(names);
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    for (std::size_t start = 0, end; (end = sections[i].find('\n', start)) != std::string::npos; start = end + 1) {
+      lines[i].push_back(sections[i].substr(start, end - start));
+    }
+  }
+  return lines;
+}
+
+std::vector<ScanWidth> Widths() {
+  std::vector<ScanWidth> widths;
+  for (ScanWidth width : {ScanWidth::kPlain, ScanWidth::kVector16, ScanWidth::kVector32, ScanWidth::kVector64,
+                          ScanWidth::kWidest}) {
+    if (SectionFinder::Supports(width)) widths.push_back(width);
+  }
+  return widths;
+}
+
+// A text long enough for every way of looking to take whole pages of blocks, with the
+// section of interest behind them.
+std::string Padding() {
+  std::string padding;
+  for (int i = 0; padding.size() < 9000; ++i) padding += "// filler line " + std::to_string(i) + "\r\n";
+  return padding;
+}
+
+TEST(SectionFinder, CrLfFileGivesTheLinesWithoutTheirLineEnds) {
+  const std::string text = Padding() + "[A_G/1 Group]\r\nDialog=port\r\n\r\nx=1\r\r\n[B_G/1 Group]\r\ny=2\r\nlast";
+  for (ScanWidth width : Widths()) {
+    auto lines = FoundLines(text, {"A_G/1 Group", "B_G/1 Group"}, width);
+    EXPECT_EQ(lines[0], (std::vector<std::string>{"Dialog=port", "", "x=1\r"}));
+    // A last line without a line feed is no line.
+    EXPECT_EQ(lines[1], (std::vector<std::string>{"y=2"}));
+  }
+}
+
+TEST(SectionFinder, TheFirstMentionOfANameStartsItsSection) {
+  const std::string text = Padding() + "[Port 11_G]\nx=eleven\n// see Port 1_G\ny=early\n[Port 1_G]\nz=real\n";
+  for (ScanWidth width : Widths()) {
+    auto lines = FoundLines(text, {"Port 1_G", "Port 11_G", "Absent_G"}, width);
+    EXPECT_EQ(lines[0], (std::vector<std::string>{"y=early"}));
+    EXPECT_EQ(lines[1], (std::vector<std::string>{"x=eleven", "// see Port 1_G", "y=early"}));
+    EXPECT_TRUE(lines[2].empty());
+  }
+}
+
+TEST(SectionFinder, LongLinesAreReadInChunks) {
+  // A line of 2,500 characters is two chunks: the second one ends the section when it
+  // begins with "[", and the text before it is then no line.
+  const std::string longLine = "Radiobox_1=" + std::string(kChunkSize - 11, 'x') + "[rest";
+  const std::string longPlain = "Radiobox_2=" + std::string(3000, 'y');
+  const std::string text = Padding() + "[A_G]\r\nk=1\r\n" + longPlain + "\r\n" + longLine + "\r\nnever\r\n";
+  for (ScanWidth width : Widths()) {
+    auto lines = FoundLines(text, {"A_G"}, width);
+    EXPECT_EQ(lines[0], (std::vector<std::string>{"k=1", longPlain}));
+    EXPECT_EQ(lines, ChunkedLines(text, {"A_G"}));
+  }
+}
+
+TEST(SectionFinder, ANameMustStandWithinOneChunk) {
+  // The first mention straddles the end of the first chunk of its line and does not
+  // count.
+  const std::string straddling = Padding() + std::string(kChunkSize - 2, 'x') + "A_G\nnext=1\n[A_G]\nx=1\n";
+  for (ScanWidth width : Widths()) {
+    EXPECT_EQ(FoundLines(straddling, {"A_G"}, width)[0], (std::vector<std::string>{"x=1"}));
+  }
+}
+
+TEST(SectionFinder, ASectionMayBeginInsideALongLine) {
+  // The name stands in the first chunk of a long line: the section begins with the
+  // line's second chunk.
+  const std::string text = Padding() + "A_G" + std::string(2500, 'y') + "\r\nnext=1\r\n[B]\r\n";
+  for (ScanWidth width : Widths()) {
+    auto lines = FoundLines(text, {"A_G"}, width);
+    EXPECT_EQ(lines[0], (std::vector<std::string>{std::string(3 + 2500 - kChunkSize, 'y'), "next=1"}));
+    EXPECT_EQ(lines, ChunkedLines(text, {"A_G"}));
+  }
+}
+
+TEST(SectionFinder, NamesThatShareLittleStillFindTheirSections) {
+  // Names whose common ending is one byte, and a name that is that byte alone.
+  const std::string text = Padding() + "[a_]\nx=1\n[bb_]\ny=2\n_\nz=3\n";
+  for (ScanWidth width : Widths()) {
+    std::vector<std::string> names = {"a_", "bb_", "_"};
+    EXPECT_EQ(FoundLines(text, names, width), ChunkedLines(text, names));
+  }
+}
+
+TEST(SectionFinder, DeclinesWhatOnlyTheChunkedSearchReadsRight) {
+  EXPECT_FALSE(SectionFinder(std::string("[A_G]\nx=1\0y\n", 13), {"A_G"}).Applies());
+  EXPECT_FALSE(SectionFinder("[A_G]\nx=1\n", {"A_G\r"}).Applies());
+  EXPECT_FALSE(SectionFinder("[A_G]\nx=1\n", {std::string("\0A_G", 4)}).Applies());
+  EXPECT_FALSE(SectionFinder("[A_G]\nx=1\n", {"A_G", "B_H"}).Applies());
+  EXPECT_TRUE(SectionFinder("[A_G]\nx=1\n", {std::string("A_G\0B", 5)}).Applies());
+}
+
+}  // namespace
+}  // namespace tessara
