@@ -246,7 +246,13 @@ void PeripheralPage::Select(int row) {
   const DatabaseEntry& group = application_.database().Entry(application_.SelectedGroup);
   if (popup_ != nullptr) {
     const bool known = k >= 1 && k <= kMaxConfigurations;
-    popup_->SetPeripheral(known ? &group.SectionLines[static_cast<std::size_t>(k)] : nullptr,
+    std::vector<std::string_view> lines;
+    if (known) {
+      for (std::string_view line : group.SectionLines[static_cast<std::size_t>(k)]) {
+        lines.push_back(line);
+      }
+    }
+    popup_->SetPeripheral(std::move(lines),
                           row < kExtraSettingsRows ? &ExtraSettingsState[static_cast<std::size_t>(row)]
                                                    : nullptr);
     popup_->SetControlsFromState();

@@ -26,7 +26,7 @@ class ExtraSettingsPanelTest : public ::testing::Test {
  protected:
   void Setup(std::vector<std::string> lines, const std::string& filter = "") {
     lines_ = std::move(lines);
-    popup.SetPeripheral(&lines_, &row);
+    popup.SetPeripheral({lines_.begin(), lines_.end()}, &row);
     popup.SetPresenter(&presenter);
     popup.extraSettingFound = [this] { ++found; };
     popup.controlChanged = [this](int number) { changed.push_back(number); };
@@ -211,7 +211,7 @@ TEST_F(ExtraSettingsPanelTest, ControlsTakeTheirStateFromTheRowOfTheSelectedPeri
   ExtraSettingsRow other{};
   other[1] = 1;
   other[20] = 1;
-  popup.SetPeripheral(&lines_, &other);
+  popup.SetPeripheral({lines_.begin(), lines_.end()}, &other);
   popup.SetControlsFromState();
   EXPECT_EQ(popup.ComboSelection(1), 1);
   EXPECT_EQ(popup.CheckState(16), 1);
@@ -256,7 +256,8 @@ class ExtraSettingsRowsTest : public ::testing::Test {
     panel = std::make_unique<GenericPanel>(PanelKind::kAEC);
     panel->SetContext(&fixture.context);
     panel->LoadSection();
-    popup.SetPeripheral(&fixture.group->SectionLines[1], &row);
+    const SectionStore::Row lines = fixture.group->SectionLines[1];
+    popup.SetPeripheral({lines.begin(), lines.end()}, &row);
     popup.SetupExtraSettings("");
     popup.SetPopupMode(1);
   }

@@ -48,9 +48,9 @@ std::vector<std::string> ExtraSettingCells(std::string_view line) {
 
 ExtraSettingsPanel::ExtraSettingsPanel() = default;
 
-void ExtraSettingsPanel::SetPeripheral(const std::vector<std::string>* sectionLines,
+void ExtraSettingsPanel::SetPeripheral(std::vector<std::string_view> sectionLines,
                                        ExtraSettingsRow* stateRow) {
-  sectionLines_ = sectionLines;
+  sectionLines_ = std::move(sectionLines);
   stateRow_ = stateRow;
 }
 
@@ -94,13 +94,11 @@ void ExtraSettingsPanel::SetControlsFromState() {
 }
 
 void ExtraSettingsPanel::SetupExtraSettings(const std::string& filter) {
-  static const std::vector<std::string> kNoLines;
-  const std::vector<std::string>& lines = sectionLines_ == nullptr ? kNoLines : *sectionLines_;
   for (int number = 1; number <= kControls; ++number) {
     const std::string key = ControlKey(number);
     ExtraControl& control = MutableControl(number);
     bool applied = false;
-    for (const std::string& line : lines) {
+    for (std::string_view line : sectionLines_) {
       if (!ContainsNoCase(line, key)) continue;
       if (extraSettingFound) extraSettingFound();
       std::vector<std::string> cells = ExtraSettingCells(line);

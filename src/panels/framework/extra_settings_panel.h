@@ -69,9 +69,10 @@ class ExtraSettingsPanel : public ExtraSettingsView {
   ExtraSettingsPanel();
 
   // --- What the page sets.
-  // The peripheral that is selected: the section lines of its configuration (null for
-  // none) and its row of ExtraSettingsState (null for none). Both must outlive their use.
-  void SetPeripheral(const std::vector<std::string>* sectionLines, ExtraSettingsRow* stateRow);
+  // The peripheral that is selected: the section lines of its configuration (empty for
+  // none) and its row of ExtraSettingsState (null for none). The texts the lines view and
+  // the row must outlive their use.
+  void SetPeripheral(std::vector<std::string_view> sectionLines, ExtraSettingsRow* stateRow);
   // Sets the controls from the state row: combo box k selects slot k, check box k takes
   // slot 4 + k. The combo boxes still hold the items of the peripheral before, so an index
   // is taken as it stands if a box could hold it (0 to 7); SetupExtraSettings then
@@ -124,7 +125,7 @@ class ExtraSettingsPanel : public ExtraSettingsView {
   void ControlsChanged() const;
 
   std::array<ExtraControl, kControls> controls_;
-  const std::vector<std::string>* sectionLines_ = nullptr;
+  std::vector<std::string_view> sectionLines_;
   ExtraSettingsRow* stateRow_ = nullptr;
   ExtraSettingsPresenter* presenter_ = nullptr;
   int popupMode_ = 0;
