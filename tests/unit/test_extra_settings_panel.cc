@@ -24,13 +24,17 @@ class RecordingPresenter : public ExtraSettingsPresenter {
 
 class ExtraSettingsPanelTest : public ::testing::Test {
  protected:
-  void Setup(std::vector<std::string> lines, const std::string& filter = "") {
-    lines_ = std::move(lines);
-    popup.SetPeripheral({lines_.begin(), lines_.end()}, &row);
+  void Open(std::vector<std::string> lines, const std::string& filter = "") {
+    SetLines(std::move(lines));
     popup.SetPresenter(&presenter);
     popup.extraSettingFound = [this] { ++found; };
     popup.controlChanged = [this](int number) { changed.push_back(number); };
     popup.SetupExtraSettings(filter);
+  }
+  // Another peripheral's lines, with the same state row.
+  void SetLines(std::vector<std::string> lines) {
+    lines_ = std::move(lines);
+    popup.SetPeripheral({lines_.begin(), lines_.end()}, &row);
   }
   // The numbers of the shown controls, ordered by their place: combo boxes first.
   std::vector<int> ShownInLayoutOrder() const {
@@ -62,7 +66,7 @@ const char* kPriority =
 
 TEST_F(ExtraSettingsPanelTest, AComboBoxTakesLabelItemsToTheFirstEmptyAndTheStoredIndex) {
   row[1] = 2;
-  Setup({"Dialog=AEC", kPriority});
+  Open({"Dialog=AEC", kPriority});
   const ExtraControl& combo = popup.Combo(1);
   EXPECT_TRUE(combo.visible);
   EXPECT_EQ(combo.label, "Interrupt Priority");
@@ -73,7 +77,7 @@ TEST_F(ExtraSettingsPanelTest, AComboBoxTakesLabelItemsToTheFirstEmptyAndTheStor
 }
 
 TEST_F(ExtraSettingsPanelTest, ACheckBoxTakesItsLabelAsText) {
-  Setup({"ExtraSetting_Checkbox_1=WAIT=Stop in wait mode;w=0;w=1;//runs;//stops"});
+  Open({"ExtraSetting_Checkbox_1=WAIT=Stop in wait mode;w=0;w=1;//runs;//stops"});
   EXPECT_TRUE(popup.Check(1).visible);
   EXPECT_EQ(popup.Check(1).label, "Stop in wait mode");
   EXPECT_FALSE(popup.Check(2).visible);
@@ -87,7 +91,7 @@ TEST_F(ExtraSettingsPanelTest, FilterWordsKeepALineForTheModeThatNamesIt) {
       "ExtraSetting_Checkbox_4=I2C_FAST=I2C fast mode;a;b",
       "ExtraSetting_Checkbox_5=NF=Noise filter;a;b",
   };
-  Setup(lines);
+  Open(lines);
   EXPECT_EQ(ShownInLayoutOrder(), (std::vector<int>{9}));
   EXPECT_EQ(found, 5) << "every line found counts, shown or not";
 
@@ -102,21 +106,21 @@ TEST_F(ExtraSettingsPanelTest, FilterWordsKeepALineForTheModeThatNamesIt) {
 TEST_F(ExtraSettingsPanelTest, ALineThatDoesNotApplyLetsTheSearchGoOn) {
   // The first line for box 1 belongs to a mode and the second has no label: both count
   // as found, and the third gives the box.
-  Setup({"ExtraSetting_Checkbox_1=SSU_X=SSU only;a;b", "ExtraSetting_Checkbox_1=no label;a;b",
+  Open({"ExtraSetting_Checkbox_1=SSU_X=SSU only;a;b", "ExtraSetting_Checkbox_1=no label;a;b",
          "ExtraSetting_Checkbox_1=PLAIN=Plain box;a;b"});
   EXPECT_EQ(popup.Check(1).label, "Plain box");
   EXPECT_EQ(found, 3);
 }
 
 TEST_F(ExtraSettingsPanelTest, ALineWithoutALabelCountsButShowsNothing) {
-  Setup({"ExtraSetting_Combobox_2=NoNameHere;x;y"});
+  Open({"ExtraSetting_Combobox_2=NoNameHere;x;y"});
   EXPECT_FALSE(popup.Combo(2).visible);
   EXPECT_EQ(found, 1);
   EXPECT_EQ(popup.FirstShownControl(), -1);
 }
 
 TEST_F(ExtraSettingsPanelTest, TheLayoutClosesUpOverHiddenControls) {
-  Setup({"ExtraSetting_Combobox_1=A=First;1", "ExtraSetting_Combobox_3=C=Third;1",
+  Open({"ExtraSetting_Combobox_1=A=First;1", "ExtraSetting_Combobox_3=C=Third;1",
          "ExtraSetting_Checkbox_2=B2=Two", "ExtraSetting_Checkbox_5=B5=Five",
          "ExtraSetting_Checkbox_6=B6=Six"});
   EXPECT_EQ(popup.Combo(1).place, 0);
@@ -131,7 +135,7 @@ TEST_F(ExtraSettingsPanelTest, TheLayoutClosesUpOverHiddenControls) {
   EXPECT_EQ(popup.FirstShownControl(), 1);
 
   // Another peripheral with check boxes only: they move up to the top.
-  lines_ = {"ExtraSetting_Checkbox_3=B3=Three"};
+  SetLines({"ExtraSetting_Checkbox_3=B3=Three"});
   popup.SetupExtraSettings("");
   EXPECT_EQ(popup.ShownComboCount(), 0);
   EXPECT_EQ(popup.Check(3).place, 0);
@@ -140,7 +144,7 @@ TEST_F(ExtraSettingsPanelTest, TheLayoutClosesUpOverHiddenControls) {
 }
 
 TEST_F(ExtraSettingsPanelTest, ModeOneSelectsTheStoredIndicesAndSlidesOut) {
-  Setup({kPriority, "ExtraSetting_Checkbox_1=W=Wait;a;b"});
+  Open({kPriority, "ExtraSetting_Checkbox_1=W=Wait;a;b"});
   row[1] = 1;
   EXPECT_EQ(popup.SetPopupMode(1), 1);
   EXPECT_EQ(popup.Combo(1).selection, 1);
@@ -152,7 +156,7 @@ TEST_F(ExtraSettingsPanelTest, ModeOneSelectsTheStoredIndicesAndSlidesOut) {
 }
 
 TEST_F(ExtraSettingsPanelTest, ModeZeroForgetsTheStoredSideSettings) {
-  Setup({kPriority, "ExtraSetting_Checkbox_1=W=Wait;a;b", "ExtraSetting_Checkbox_2=D=Debug;a;b"});
+  Open({kPriority, "ExtraSetting_Checkbox_1=W=Wait;a;b", "ExtraSetting_Checkbox_2=D=Debug;a;b"});
   popup.SetPopupMode(1);
   ASSERT_TRUE(popup.ChooseComboItem(1, 2));
   ASSERT_TRUE(popup.SetCheckBox(2, true));
@@ -170,15 +174,15 @@ TEST_F(ExtraSettingsPanelTest, ModeZeroForgetsTheStoredSideSettings) {
 }
 
 TEST_F(ExtraSettingsPanelTest, APeripheralWithoutShownSideSettingsHidesTheOpenPopup) {
-  Setup({kPriority});
+  Open({kPriority});
   popup.SetPopupMode(1);
-  lines_ = {"Radiobox_1=Switch;Off;On"};
+  SetLines({"Radiobox_1=Switch;Off;On"});
   popup.SetupExtraSettings("");
   EXPECT_EQ(popup.PopupMode(), 0);
   EXPECT_EQ(presenter.calls, (std::vector<std::string>{"out", "back"}));
 
   // Lines that wait for a mode word are hidden, not forgotten.
-  lines_ = {"ExtraSetting_Combobox_1=SSU_IPL=Priority;0;1;2"};
+  SetLines({"ExtraSetting_Combobox_1=SSU_IPL=Priority;0;1;2"});
   row[1] = 2;
   popup.SetupExtraSettings("SSU");
   popup.SetPopupMode(1);
@@ -190,7 +194,7 @@ TEST_F(ExtraSettingsPanelTest, APeripheralWithoutShownSideSettingsHidesTheOpenPo
 }
 
 TEST_F(ExtraSettingsPanelTest, UserActionsReachOnlyShownControlsOfAShownPopup) {
-  Setup({kPriority, "ExtraSetting_Checkbox_3=W=Wait;a;b"});
+  Open({kPriority, "ExtraSetting_Checkbox_3=W=Wait;a;b"});
   EXPECT_FALSE(popup.ChooseComboItem(1, 1)) << "the popup is hidden";
   popup.SetPopupMode(1);
   EXPECT_FALSE(popup.ChooseComboItem(2, 0)) << "combo box 2 is hidden";
@@ -207,7 +211,7 @@ TEST_F(ExtraSettingsPanelTest, UserActionsReachOnlyShownControlsOfAShownPopup) {
 }
 
 TEST_F(ExtraSettingsPanelTest, ControlsTakeTheirStateFromTheRowOfTheSelectedPeripheral) {
-  Setup({kPriority, "ExtraSetting_Checkbox_16=L=Last;a;b"});
+  Open({kPriority, "ExtraSetting_Checkbox_16=L=Last;a;b"});
   ExtraSettingsRow other{};
   other[1] = 1;
   other[20] = 1;

@@ -23,7 +23,6 @@ namespace tessara {
 namespace {
 
 constexpr int kKbSeries = 2;
-constexpr int kWkpRow = 9;
 constexpr int kAecRow = 10;
 
 // The bundled sample data in a program folder of the test's own, so that the ini can

@@ -24,7 +24,6 @@ enum ControlIndex : int {
 constexpr int kGroups = 8;
 constexpr int kLists = 6;
 constexpr int kListItems[kLists] = {5, 4, 8, 4, 4, 4};
-constexpr int kParameterSlots = 30;
 // Mask and digit cells behind item j's own cell.
 constexpr int kFirstListMask = 17;
 constexpr int kSourceListDigits = 14;
