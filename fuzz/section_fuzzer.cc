@@ -56,6 +56,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       found[i].push_back(fileText.substr(offset, length));
     });
   }
+  // Every way of looking at the bytes finds the same.
+  for (ScanWidth width : {ScanWidth::kPlain, ScanWidth::kVector16, ScanWidth::kVector32, ScanWidth::kVector64}) {
+    if (!SectionFinder::Supports(width)) continue;
+    const SectionFinder narrower(fileText, sections, width);
+    FUZZ_CHECK(narrower.Applies() == applies);
+    for (std::size_t i = 0; i < sections.size(); ++i) {
+      std::vector<std::string> lines;
+      narrower.ForEachLine(i, [&](std::size_t offset, std::size_t length) { lines.push_back(fileText.substr(offset, length)); });
+      FUZZ_CHECK(lines == found[i]);
+    }
+  }
   if (applies) {
     for (std::size_t i = 0; i < sections.size(); ++i) {
       std::vector<std::string> lines;
