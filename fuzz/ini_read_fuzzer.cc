@@ -31,5 +31,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::string otherKey = key + "1";
   FUZZ_CHECK(ini.Read(section, otherKey, "") == ReadProfileStringFromText(text, section, otherKey, ""));
   FUZZ_CHECK(ini.Read(key, section, "") == ReadProfileStringFromText(text, key, section, ""));
+  // A numbered list read in one walk gives what reading its keys one by one gives.
+  std::string prefix = key;
+  while (!prefix.empty() && (prefix[0] == ' ' || prefix[0] == '\t' || prefix[0] == '\r' || prefix[0] == '\n')) {
+    prefix.erase(0, 1);
+  }
+  std::vector<std::string_view> values;
+  ini.ReadNumbered(section, prefix, 12, values);
+  FUZZ_CHECK(values.size() == 13);
+  for (int j = 1; j <= 12; ++j) {
+    FUZZ_CHECK(std::string(values[static_cast<std::size_t>(j)]) ==
+               ReadProfileStringFromText(text, section, prefix + std::to_string(j), ""));
+  }
   return 0;
 }

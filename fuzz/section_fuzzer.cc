@@ -89,6 +89,31 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     FUZZ_CHECK(oddName || fileText.find('\0') != std::string::npos);
   }
 
+  // Ranges, where they serve, hold exactly the lines found, and as many stored lines as
+  // the comment rule keeps of them; by vectors and byte by byte alike.
+  for (ScanWidth width : {ScanWidth::kPlain, ScanWidth::kVector64}) {
+    if (!SectionFinder::Supports(width)) continue;
+    const SectionFinder ranges(fileText, sections, width, SectionFinder::Yield::kRanges);
+    const SectionFinder plain(fileText, sections, ScanWidth::kPlain, SectionFinder::Yield::kRanges);
+    FUZZ_CHECK(ranges.Applies() == plain.Applies());
+    FUZZ_CHECK(!ranges.Applies() || applies);
+    if (!ranges.Applies()) continue;
+    for (std::size_t i = 0; i < sections.size(); ++i) {
+      const SectionRange range = ranges.Range(i);
+      const SectionRange again = plain.Range(i);
+      FUZZ_CHECK(range.begin == again.begin && range.end == again.end && range.stored == again.stored);
+      FUZZ_CHECK(range.begin <= range.end && range.end <= fileText.size());
+      std::vector<std::string> lines;
+      std::size_t stored = 0;
+      ForEachLineBetween(fileText, range.begin, range.end, [&](std::size_t, std::string_view line) {
+        lines.emplace_back(line);
+        stored += IsStoredLine(line) ? 1 : 0;
+      });
+      FUZZ_CHECK(lines == found[i]);
+      FUZZ_CHECK(stored == range.stored);
+    }
+  }
+
   std::string fromChunks;
   ReadSectionFromChunks(ReadTextChunks(fileText), sections[0], fromChunks);
   FUZZ_CHECK("kept" + fromChunks == text);

@@ -194,6 +194,31 @@ std::string IniText::Read(const std::string& section, const std::string& key,
   return fallback;
 }
 
+void IniText::ReadNumbered(const std::string& section, std::string_view prefix, int last,
+                           std::vector<std::string_view>& values) {
+  values.assign(last < 0 ? 1 : static_cast<std::size_t>(last) + 1, std::string_view());
+  Section* match = Find(Trim(section));
+  if (match == nullptr || last < 1) return;
+  std::vector<bool> taken(values.size());
+  for (const Entry& entry : match->entries) {
+    // The key a Read of prefix<j> wants: the prefix, then j as written by to_string.
+    const std::string_view key = entry.key;
+    if (key.size() <= prefix.size() || !EqualsNoCase(key.substr(0, prefix.size()), prefix)) continue;
+    const std::string_view digits = key.substr(prefix.size());
+    if (digits.size() > 9 || digits[0] < '1' || digits[0] > '9') continue;
+    std::size_t j = 0;
+    bool number = true;
+    for (char c : digits) {
+      number = number && c >= '0' && c <= '9';
+      j = j * 10 + static_cast<std::size_t>(c - '0');
+    }
+    // Only the first entry of a key counts.
+    if (!number || j >= values.size() || taken[j]) continue;
+    taken[j] = true;
+    values[j] = entry.value.substr(0, kProfileBufferSize - 1);
+  }
+}
+
 // Keys are found by their hash: a data file's numbered keys are read one after the
 // other, and a walk through the keys ahead of each would make a section's reads grow
 // with the square of its keys. Only the first entry of a key goes into the table.

@@ -39,6 +39,13 @@ class IniText {
 
   std::string Read(const std::string& section, const std::string& key, const std::string& fallback,
                    std::size_t bufferSize = kProfileBufferSize, bool* found = nullptr);
+  // The values of keys prefix1, prefix2, ... prefix<last> of a section (a prefix with
+  // no blank at its start), as Read with no
+  // fallback gives each: values[j] for key prefix<j> (values[0] stays empty). One walk
+  // through the section's keys, for lists that are read key by key up to the first
+  // absent one.
+  void ReadNumbered(const std::string& section, std::string_view prefix, int last,
+                    std::vector<std::string_view>& values);
   const std::string& text() const { return text_; }
   // Hands the text on once the keys wanted are read: a group load keeps its file's text
   // as its section store. Nothing may be read from the IniText after this.

@@ -164,6 +164,84 @@ __attribute__((target("avx512bw,popcnt,bmi"))) void ScanPageVector64(const Page&
 }
 #endif
 
+// Ranges: a line longer than this is not served, so that every line the ranges walk is
+// one chunk. Data files hold lines of a few dozen characters.
+constexpr std::size_t kRangeLineLimit = 1024;
+
+// One page of blocks for the ranges, as Page: for each block, the bits of the places
+// where a stored line begins and the count of such places ahead of the block, the
+// places of the ending, and the places where a line begins with "[". `carry` is 1 when
+// a line begins at the page's first byte, and `lineStart` is where the line that runs
+// into the page began.
+struct RangeMarks {
+  std::uint64_t* stored;
+  std::uint32_t* before;
+  std::uint64_t* ends;
+  std::uint64_t* opens;
+  std::uint64_t carry = 1;
+  std::size_t lineStart = 0;
+  std::uint32_t count = 0;
+  bool nul = false;
+  bool longLine = false;
+};
+
+#if defined(TESSARA_SCAN_X86)
+// Marks, for each block, where lines begin that the comment rule keeps (not at a line
+// feed, a CR LF, a "/" or a "/" behind it) and where lines begin with "[", and the
+// places of the ending as ScanPageVector64 does. Reads one byte behind each block.
+__attribute__((target("avx512bw,popcnt,bmi"))) void ScanRangePageVector64(const Page& page, RangeMarks& marks) {
+  const __m512i feed = _mm512_set1_epi8('\n');
+  const __m512i slash = _mm512_set1_epi8('/');
+  const __m512i cr = _mm512_set1_epi8('\r');
+  const __m512i bracket = _mm512_set1_epi8('[');
+  const __m512i first = _mm512_set1_epi8(page.first);
+  const __m512i last = _mm512_set1_epi8(page.last);
+  __m512i least = _mm512_set1_epi8(-1);
+  std::uint64_t* const stored = marks.stored;
+  std::uint32_t* const before = marks.before;
+  std::uint64_t* const ends = marks.ends;
+  std::uint64_t* const opens = marks.opens;
+  std::uint64_t carry = marks.carry;
+  std::size_t lineStart = marks.lineStart;
+  std::uint32_t count = marks.count;
+  bool longLine = false;
+  const char* data = page.data;
+  for (std::size_t b = 0; b < page.blocks; ++b, data += kBlock) {
+    const __m512i bytes = _mm512_loadu_si512(data);
+    const __m512i behind = _mm512_loadu_si512(data + page.tail);
+    least = _mm512_min_epu8(least, bytes);
+    const std::uint64_t feeds = _mm512_cmpeq_epi8_mask(bytes, feed);
+    const std::uint64_t slashes = _mm512_cmpeq_epi8_mask(bytes, slash);
+    // What stands one byte further on: the block's own marks moved down, and the byte
+    // behind the block for the last place.
+    const std::uint64_t behindByte = static_cast<unsigned char>(data[kBlock]);
+    const std::uint64_t slashesNext = (slashes >> 1) | (static_cast<std::uint64_t>(behindByte == '/') << 63);
+    const std::uint64_t feedsNext = (feeds >> 1) | (static_cast<std::uint64_t>(behindByte == '\n') << 63);
+    const std::uint64_t starts = (feeds << 1) | carry;
+    carry = feeds >> 63;
+    const std::uint64_t dropped =
+        feeds | slashes | slashesNext | (_mm512_cmpeq_epi8_mask(bytes, cr) & feedsNext);
+    const std::uint64_t kept = starts & ~dropped;
+    stored[b] = kept;
+    before[b] = count;
+    count += static_cast<std::uint32_t>(__builtin_popcountll(kept));
+    ends[b] = _mm512_cmpeq_epi8_mask(bytes, first) & _mm512_cmpeq_epi8_mask(behind, last);
+    opens[b] = starts & _mm512_cmpeq_epi8_mask(bytes, bracket);
+    // The first line feed of the block ends the line that ran into it; the last one
+    // begins the line that runs on.
+    const std::size_t base = page.base + b * kBlock;
+    const std::size_t firstEnd = base + static_cast<std::size_t>(__builtin_ctzll(feeds | (1ull << 63))) + 1;
+    longLine |= firstEnd - lineStart > kRangeLineLimit;
+    lineStart = feeds != 0 ? base + kBlock - static_cast<std::size_t>(__builtin_clzll(feeds | 1)) : lineStart;
+  }
+  marks.carry = carry;
+  marks.lineStart = lineStart;
+  marks.count = count;
+  marks.longLine = marks.longLine || longLine;
+  marks.nul = marks.nul || _mm512_cmpeq_epi8_mask(least, _mm512_setzero_si512()) != 0;
+}
+#endif
+
 PageScanner ScannerFor(ScanWidth width) {
 #if defined(TESSARA_SCAN_X86)
   if (width == ScanWidth::kWidest) {
@@ -200,8 +278,9 @@ bool SectionFinder::Supports(ScanWidth width) {
 #endif
 }
 
-SectionFinder::SectionFinder(std::string_view text, const std::vector<std::string>& sections, ScanWidth width)
-    : text_(text), matchStarts_(sections.size(), kNone), missing_(sections.size()) {
+SectionFinder::SectionFinder(std::string_view text, const std::vector<std::string>& sections, ScanWidth width,
+                             Yield yield)
+    : text_(text), matchStarts_(sections.size(), kNone), missing_(sections.size()), ranges_(yield == Yield::kRanges) {
   if (sections.empty()) return;
   names_.reserve(sections.size());
   for (const std::string& section : sections) {
@@ -216,7 +295,16 @@ SectionFinder::SectionFinder(std::string_view text, const std::vector<std::strin
   const std::string_view ending = CommonEnding(names_);
   if (ending.empty()) return;
   GroupNames(ending);
-  Scan(ending, ScannerFor(width));
+  if (!ranges_) {
+    Scan(ending, ScannerFor(width));
+    return;
+  }
+  // The counts of stored lines are kept in 32 bits.
+  if (text_.size() >= (std::size_t{1} << 31)) return;
+  // Byte by byte, ranges cost more than lines: the widest way serves only with vectors.
+  if (width == ScanWidth::kWidest) width = ScanWidth::kVector64;
+  if (width != ScanWidth::kPlain && !(width == ScanWidth::kVector64 && Supports(width))) return;
+  ScanRanges(ending, width == ScanWidth::kVector64);
 }
 
 // Groups the names by the byte before the ending, so that a place of the ending is
@@ -283,6 +371,102 @@ void SectionFinder::Scan(std::string_view ending, Scanner scanPage) {
   applies_ = !nul;
 }
 
+// The pass for ranges: where stored lines and "[" lines begin, whether a NUL or a long
+// line is anywhere, and where each name first stands. Blocks are looked at by 64-byte
+// vectors while a byte behind the block and the ending's last byte can be read, and the
+// rest byte by byte, or all of it byte by byte.
+void SectionFinder::ScanRanges(std::string_view ending, bool vector) {
+  const char* data = text_.data();
+  const std::size_t size = text_.size();
+  const std::size_t tail = ending.size() - 1;
+  const std::size_t blocks = size / kBlock + 1;
+  storedStarts_.reset(new std::uint64_t[blocks]);
+  storedBefore_.reset(new std::uint32_t[blocks]);
+  bracketStarts_.clear();
+  std::uint64_t ends[kPageBlocks];
+  std::uint64_t opens[kPageBlocks];
+  RangeMarks marks{storedStarts_.get(), storedBefore_.get(), ends, opens};
+  std::size_t i = 0;
+#if defined(TESSARA_SCAN_X86)
+  const std::size_t behind = std::max<std::size_t>(tail, 1);
+  while (vector && i + kBlock + behind <= size) {
+    const Page page{data + i, i, std::min(kPageBlocks, (size - behind - i) / kBlock), tail, ending.front(),
+                    ending.back()};
+    marks.stored = storedStarts_.get() + i / kBlock;
+    marks.before = storedBefore_.get() + i / kBlock;
+    ScanRangePageVector64(page, marks);
+    for (std::size_t b = 0; b < page.blocks; ++b) {
+      for (std::uint64_t open = opens[b]; open != 0; open &= open - 1) {
+        bracketStarts_.push_back(i + b * kBlock + static_cast<std::size_t>(std::countr_zero(open)));
+      }
+      for (std::uint64_t end = missing_ > 0 ? ends[b] : 0; end != 0; end &= end - 1) {
+        EndingAt(i + b * kBlock + static_cast<std::size_t>(std::countr_zero(end)), ending);
+      }
+    }
+    i += page.blocks * kBlock;
+  }
+#else
+  (void)vector;
+#endif
+  // The rest byte by byte, into blocks of their own.
+  const std::size_t firstLeft = i / kBlock;
+  std::fill(storedStarts_.get() + firstLeft, storedStarts_.get() + blocks, 0);
+  std::size_t lineStart = marks.lineStart;
+  bool nul = marks.nul;
+  bool longLine = marks.longLine;
+  for (; i < size; ++i) {
+    const char byte = data[i];
+    const char next = i + 1 < size ? data[i + 1] : '\0';
+    if (i == 0 || data[i - 1] == '\n') {
+      const bool dropped = byte == '\n' || byte == '/' || next == '/' || (byte == '\r' && next == '\n');
+      if (!dropped) storedStarts_[i / kBlock] |= std::uint64_t{1} << (i % kBlock);
+      if (byte == '[') bracketStarts_.push_back(i);
+    }
+    if (byte == '\n') {
+      longLine = longLine || i + 1 - lineStart > kRangeLineLimit;
+      lineStart = i + 1;
+    }
+    nul = nul || byte == '\0';
+    if (missing_ > 0 && i + tail < size && byte == ending.front() && data[i + tail] == ending.back()) {
+      EndingAt(i, ending);
+    }
+  }
+  longLine = longLine || size - lineStart > kRangeLineLimit;
+  // A last line that no line feed ends is no line: the counts from its block on are
+  // made again.
+  std::size_t recount = firstLeft;
+  if (lineStart < size) {
+    storedStarts_[lineStart / kBlock] &= ~(std::uint64_t{1} << (lineStart % kBlock));
+    recount = std::min(recount, lineStart / kBlock);
+  }
+  std::uint32_t stored = recount < firstLeft ? storedBefore_[recount] : marks.count;
+  for (std::size_t b = recount; b < blocks; ++b) {
+    storedBefore_[b] = stored;
+    stored += static_cast<std::uint32_t>(std::popcount(storedStarts_[b]));
+  }
+  applies_ = !nul && !longLine;
+}
+
+std::size_t SectionFinder::StoredBefore(std::size_t position) const {
+  const std::size_t block = position / kBlock;
+  const std::uint64_t ahead = (std::uint64_t{1} << (position % kBlock)) - 1;
+  return storedBefore_[block] + static_cast<std::size_t>(std::popcount(storedStarts_[block] & ahead));
+}
+
+SectionRange SectionFinder::Range(std::size_t i) const {
+  if (!applies_ || !ranges_ || i >= matchStarts_.size() || matchStarts_[i] == kNone) return {};
+  // The section begins with the line behind the one that holds the name, and ends at
+  // the first line behind that which begins with "[".
+  const std::size_t feed = text_.find('\n', matchStarts_[i]);
+  if (feed == std::string_view::npos) return {text_.size(), text_.size(), 0};
+  SectionRange range;
+  range.begin = feed + 1;
+  auto bracket = std::lower_bound(bracketStarts_.begin(), bracketStarts_.end(), range.begin);
+  range.end = bracket == bracketStarts_.end() ? text_.size() : *bracket;
+  range.stored = StoredBefore(range.end) - StoredBefore(range.begin);
+  return range;
+}
+
 void SectionFinder::MakeLineRoom(std::size_t room) {
   std::unique_ptr<std::size_t[]> larger(new std::size_t[room]);
   if (lineCount_ > 0) std::memcpy(larger.get(), lineStarts_.get(), lineCount_ * sizeof(std::size_t));
@@ -309,14 +493,16 @@ void SectionFinder::FindNamesEndingAt(std::size_t position, std::string_view end
     const std::size_t start = end - name.size();
     if (std::memcmp(text_.data() + start, name.data(), name.size() - ending.size()) != 0) continue;
     // A name holds no line feed, so it stands within one line, whose start is known by
-    // now; the chunks of a line begin every kChunkSize characters of it.
-    const std::size_t lineStart = lineStarts_[LineOf(start)];
-    if ((start - lineStart) / kChunkSize != (end - 1 - lineStart) / kChunkSize) continue;
+    // now; the chunks of a line begin every kChunkSize characters of it. Ranges serve
+    // only files whose lines are chunks.
+    if (!ranges_) {
+      const std::size_t lineStart = lineStarts_[LineOf(start)];
+      if ((start - lineStart) / kChunkSize != (end - 1 - lineStart) / kChunkSize) continue;
+    }
     matchStarts_[n] = start;
     --missing_;
   }
 }
-
 std::size_t SectionFinder::LineOf(std::size_t position) const {
   const std::size_t* starts = lineStarts_.get();
   return static_cast<std::size_t>(std::upper_bound(starts, starts + lineCount_, position) - starts) - 1;

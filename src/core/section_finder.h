@@ -27,18 +27,58 @@ namespace tessara {
 // vector instructions, or the widest way the processor has. Every way finds the same.
 enum class ScanWidth { kPlain, kVector16, kVector32, kVector64, kWidest };
 
+// The comment rule of a section's lines: a line is stored unless it is empty or has "/"
+// as its first or its second character.
+inline bool IsStoredLine(std::string_view line) {
+  const char first = line.empty() ? '/' : line[0];
+  const char second = line.size() > 1 ? line[1] : ' ';
+  return (first != '/') & (second != '/');
+}
+
+// Where one section's lines lie in the text: the lines from `begin` up to `end`, every
+// one of them ended by a line feed except perhaps a last one, which is no line; `stored`
+// of them pass the comment rule (IsStoredLine). A section that was not found has no
+// lines.
+struct SectionRange {
+  std::size_t begin = 0;
+  std::size_t end = 0;
+  std::size_t stored = 0;
+};
+
+// Calls visit(offset, line) for each line of text[begin, end) that a line feed ends:
+// the line without its line feed and without the CR of a CR LF.
+template <typename Visit>
+void ForEachLineBetween(std::string_view text, std::size_t begin, std::size_t end, Visit&& visit) {
+  for (std::size_t start = begin; start < end;) {
+    const std::size_t feed = text.find('\n', start);
+    if (feed == std::string_view::npos || feed >= end) return;
+    const std::size_t contentEnd = feed > start && text[feed - 1] == '\r' ? feed - 1 : feed;
+    visit(start, text.substr(start, contentEnd - start));
+    start = feed + 1;
+  }
+}
+
 class SectionFinder {
  public:
+  // What the finder gives: each section's lines, or where each section lies (for a
+  // store that cuts the lines when they are first read).
+  enum class Yield { kLines, kRanges };
+
   // `text` must outlive the finder.
   SectionFinder(std::string_view text, const std::vector<std::string>& sections,
-                ScanWidth width = ScanWidth::kWidest);
+                ScanWidth width = ScanWidth::kWidest, Yield yield = Yield::kLines);
 
   // Whether this processor can look at the bytes in that way.
   static bool Supports(ScanWidth width);
 
+  // Whether the finder serves this text and these names. Ranges serve fewer texts than
+  // lines: they need the processor's 64-byte vectors, and a file whose lines all fit
+  // in one chunk, so that a line and a chunk are one.
   bool Applies() const { return applies_; }
-  // The lines of the whole text: no section has more.
+  // The lines of the whole text: no section has more. (Lines only.)
   std::size_t LineCount() const { return lineCount_; }
+  // Where section i lies; its lines are those ForEachLineBetween gives. (Ranges only.)
+  SectionRange Range(std::size_t i) const;
 
   // Calls visit(offset, length) for each line of section i's text that a line feed
   // ends, in order: `length` bytes of the text from `offset`, without the line feed and
@@ -58,6 +98,9 @@ class SectionFinder {
 
   template <typename Scanner>
   void Scan(std::string_view ending, Scanner scanPage);
+  void ScanRanges(std::string_view ending, bool vector);
+  // Stored lines that begin ahead of `position`.
+  std::size_t StoredBefore(std::size_t position) const;
   void GroupNames(std::string_view ending);
   void EndingAt(std::size_t position, std::string_view ending);
   void FindNamesEndingAt(std::size_t position, std::string_view ending, std::size_t group);
@@ -94,6 +137,14 @@ class SectionFinder {
   std::size_t lineRoom_ = 0;
   std::vector<std::size_t> matchStarts_;  // where name i first stands in one chunk, or npos
   std::size_t missing_ = 0;               // names not found yet
+
+  // Ranges: for each block of 64 bytes, a bit for each place where a stored line
+  // begins, and the count of such places ahead of the block; the places where a line
+  // begins with "[", in order.
+  bool ranges_ = false;
+  std::unique_ptr<std::uint64_t[]> storedStarts_;
+  std::unique_ptr<std::uint32_t[]> storedBefore_;
+  std::vector<std::size_t> bracketStarts_;
 };
 
 template <typename Visit>

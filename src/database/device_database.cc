@@ -20,14 +20,11 @@ constexpr std::size_t kCatalogueReadAhead = 16 * 1024;
 template <std::size_t N>
 void ReadNumberedKeys(IniText& file, const std::string& section, const char* prefix, int last,
                       std::array<std::string, N>& slots) {
-  std::string key = prefix;
-  const std::size_t stem = key.size();
-  for (int j = 1; j <= last; ++j) {
-    key.resize(stem);
-    key += std::to_string(j);
-    std::string value = file.Read(section, key, "");
-    if (value.empty()) break;
-    slots[static_cast<std::size_t>(j)] = value;
+  std::vector<std::string_view> values;
+  file.ReadNumbered(section, prefix, last, values);
+  for (std::size_t j = 1; j < values.size() && j < N; ++j) {
+    if (values[j].empty()) break;
+    slots[j] = values[j];
   }
 }
 
@@ -44,8 +41,7 @@ class SectionLineKeeper {
 
   // `line` stands at `offset` of the store's text.
   void Offer(std::string_view line, std::size_t offset) {
-    bool comment = (line.size() > 0 && line[0] == '/') || (line.size() > 1 && line[1] == '/');
-    if (line.empty() || comment) return;
+    if (!IsStoredLine(line)) return;
     if (slot_ > kMaxDataFiles || k_ > kMaxConfigurations || place_ > kMaxSectionLines) {
       Refuse();
       return;
@@ -188,6 +184,32 @@ void LoadGroupTables(Host& host, DeviceDatabase& database, int slot, const std::
   // as places in it.
   const std::size_t base = entry.SectionLines.AdoptText(std::move(file).TakeText());
   const std::string_view text = entry.SectionLines.Text().substr(base);
+  // Where the text allows, each section is only placed, and its lines are cut when a
+  // panel first reads them; a section with more lines than a row takes is cut now, so
+  // that its messages come with the load.
+  const SectionFinder ranges(text, sections, ScanWidth::kWidest, SectionFinder::Yield::kRanges);
+  if (ranges.Applies()) {
+    std::vector<SectionRange> placed(sections.size());
+    std::size_t room = 0;
+    for (std::size_t i = 0; i < sections.size(); ++i) {
+      placed[i] = ranges.Range(i);
+      room += placed[i].stored;
+    }
+    entry.SectionLines.ReserveLines(room);
+    for (std::size_t i = 0; i < sections.size(); ++i) {
+      const int k = static_cast<int>(i) + 1;
+      const SectionRange& range = placed[i];
+      if (range.stored <= static_cast<std::size_t>(kMaxSectionLines)) {
+        entry.SectionLines.AddPendingRow(static_cast<std::size_t>(k), base + range.begin, base + range.end,
+                                         range.stored);
+        continue;
+      }
+      SectionLineKeeper keeper(host, entry, slot, k);
+      ForEachLineBetween(text, range.begin, range.end,
+                         [&](std::size_t offset, std::string_view line) { keeper.Offer(line, base + offset); });
+    }
+    return;
+  }
   const SectionFinder finder(text, sections);
   // No section holds more lines than the file.
   entry.SectionLines.ReserveLines(finder.LineCount());

@@ -1,5 +1,7 @@
 #include "database/section_store.h"
 
+#include "core/section_finder.h"
+
 namespace tessara {
 
 std::size_t SectionStore::AdoptText(std::string text) {
@@ -18,6 +20,7 @@ SectionStore::RowWriter::RowWriter(SectionStore& store, std::size_t k)
     : store_(store), k_(k), valid_(k < kRows), textSize_(store.text_.size()) {
   if (!valid_) return;
   RowSpans& row = store_.rows_[k];
+  if (row.pending) store_.Cut(row);
   if (row.count == 0) {
     row.first = store_.spans_.size();
   } else if (row.first + row.count != store_.spans_.size()) {
@@ -35,6 +38,28 @@ void SectionStore::MoveRowToEnd(RowSpans& row) {
   row.first = moved;
 }
 
+void SectionStore::AddPendingRow(std::size_t k, std::size_t begin, std::size_t end, std::size_t stored) {
+  if (k >= kRows || begin > end || end > text_.size() || stored > end - begin) return;
+  RowSpans& row = rows_[k];
+  row = RowSpans();
+  row.first = spans_.size();
+  row.count = stored;
+  row.pending = true;
+  row.pendingBegin = begin;
+  row.pendingEnd = end;
+  spans_.resize(spans_.size() + stored);
+}
+
+void SectionStore::Cut(RowSpans& row) const {
+  row.pending = false;
+  std::size_t cut = 0;
+  ForEachLineBetween(text_, row.pendingBegin, row.pendingEnd, [&](std::size_t offset, std::string_view line) {
+    if (!IsStoredLine(line) || cut == row.count) return;
+    spans_[row.first + cut++] = {offset, line.size()};
+  });
+  row.count = cut;
+}
+
 void SectionStore::Assign(std::size_t k, const std::vector<std::string>& lines) {
   if (k >= kRows) return;
   rows_[k] = RowSpans();
@@ -42,6 +67,7 @@ void SectionStore::Assign(std::size_t k, const std::vector<std::string>& lines) 
 }
 
 SectionStore::Row SectionStore::operator[](std::size_t k) const {
+  if (k < kRows && rows_[k].pending) Cut(rows_[k]);
   if (k >= kRows || rows_[k].count == 0) return Row(text_, nullptr, 0);
   return Row(text_, spans_.data() + rows_[k].first, rows_[k].count);
 }

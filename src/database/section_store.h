@@ -17,6 +17,9 @@ namespace tessara {
 // its own.
 class SectionStore {
   struct Span {
+    // Room made for lines is written before it is read: making it writes nothing.
+    Span() {}  // NOLINT: deliberately leaves the members unset
+    Span(std::size_t offset, std::size_t length) : offset(offset), length(length) {}
     std::size_t offset;
     std::size_t length;
   };
@@ -103,11 +106,17 @@ class SectionStore {
     std::size_t textSize_;
   };
 
+  // Row k is to hold the lines of the buffer from `begin` up to `end` that the comment
+  // rule keeps, `stored` of them; they are cut when the row is first read. Their room
+  // is made now, so that cutting them moves no other row's lines: a view of another
+  // row stays valid.
+  void AddPendingRow(std::size_t k, std::size_t begin, std::size_t end, std::size_t stored);
+
   // Row k holds copies of `lines`, and nothing else.
   void Assign(std::size_t k, const std::vector<std::string>& lines);
 
   Row operator[](std::size_t k) const;
-  std::size_t Count(std::size_t k) const { return k < kRows ? rows_[k].count : 0; }
+  std::size_t Count(std::size_t k) const { return (*this)[k].size(); }
 
   // Whether both stores hold the same lines in every row, wherever they keep them.
   bool operator==(const SectionStore& other) const;
@@ -116,15 +125,23 @@ class SectionStore {
   struct RowSpans {
     std::size_t first = 0;  // index of the row's first line in spans_
     std::size_t count = 0;
+    // Lines not cut yet: those of the buffer from pendingBegin up to pendingEnd.
+    bool pending = false;
+    std::size_t pendingBegin = 0;
+    std::size_t pendingEnd = 0;
   };
+  // Cuts a pending row's lines into its room.
+  void Cut(RowSpans& row) const;
 
   // A row's lines lie side by side in spans_. Lines are normally added row after row; a
   // row that grows after another one was added to moves behind it first.
   void MoveRowToEnd(RowSpans& row);
 
   std::string text_;
-  std::vector<Span> spans_;
-  std::array<RowSpans, kRows> rows_{};
+  // Cutting a pending row when it is read fills its room and marks it cut: what the
+  // store holds does not change.
+  mutable std::vector<Span> spans_;
+  mutable std::array<RowSpans, kRows> rows_{};
 };
 
 }  // namespace tessara

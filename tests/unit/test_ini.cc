@@ -65,6 +65,25 @@ TEST(IniText, KeepsLinesAheadOfTheFirstHeaderOutAndCutsToTheBuffer) {
   EXPECT_EQ(ini.Read("", "k", "none"), "none");
 }
 
+TEST(IniText, ReadsANumberedListAsKeyByKeyReadsDo) {
+  const std::string text =
+      "[L]\nItem_2=two\nitem_1 = one \nItem_1=again\nItem_01=zero one\nItem_3=\nItem_12=twelve\n"
+      "Item_4x=no\nItem_99=past\nItem_5=" + std::string(3000, 'v') + "\n[L]\nItem_6=second section\n";
+  IniText ini(text);
+  std::vector<std::string_view> values;
+  ini.ReadNumbered("l", "Item_", 12, values);
+  ASSERT_EQ(values.size(), 13u);
+  for (int j = 1; j <= 12; ++j) {
+    EXPECT_EQ(std::string(values[static_cast<std::size_t>(j)]),
+              ReadProfileStringFromText(text, "l", "Item_" + std::to_string(j), ""))
+        << j;
+  }
+  EXPECT_EQ(values[1], "one");
+  EXPECT_EQ(values[5].size(), kProfileBufferSize - 1);
+  ini.ReadNumbered("absent", "Item_", 3, values);
+  EXPECT_EQ(values, std::vector<std::string_view>(4));
+}
+
 TEST(WriteProfileString, CreatesFileSectionAndKey) {
   TempFolder folder;
   std::string path = folder.File("new.ini");

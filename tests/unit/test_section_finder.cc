@@ -113,6 +113,72 @@ TEST(SectionFinder, NamesThatShareLittleStillFindTheirSections) {
   }
 }
 
+// The lines of each range, as texts, and whether each range's count of stored lines is
+// that of its lines.
+std::vector<std::vector<std::string>> RangeLines(const std::string& text, const std::vector<std::string>& names,
+                                                 ScanWidth width) {
+  SectionFinder finder(text, names, width, SectionFinder::Yield::kRanges);
+  EXPECT_TRUE(finder.Applies());
+  std::vector<std::vector<std::string>> lines(names.size());
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    const SectionRange range = finder.Range(i);
+    std::size_t stored = 0;
+    ForEachLineBetween(text, range.begin, range.end, [&](std::size_t, std::string_view line) {
+      lines[i].emplace_back(line);
+      stored += IsStoredLine(line) ? 1 : 0;
+    });
+    EXPECT_EQ(range.stored, stored) << names[i];
+  }
+  return lines;
+}
+
+std::vector<ScanWidth> RangeWidths() {
+  std::vector<ScanWidth> widths = {ScanWidth::kPlain};
+  if (SectionFinder::Supports(ScanWidth::kVector64)) widths.push_back(ScanWidth::kVector64);
+  return widths;
+}
+
+TEST(SectionFinderRanges, HoldTheLinesTheLinesFinderReports) {
+  // Comments, blank lines, CR LF and CR alone, a name first met in a comment, a section
+  // that ends at the file's end without a line feed, one that a "[" line ends at once,
+  // and lines placed across the 64-byte blocks by the padding.
+  const std::string body =
+      "// A_G/1 Group is mentioned here first\r\nx=0\r\n[A_G/1 Group]\r\nDialog=port\r\n\r\n/x\n"
+      "a/b\n//c\n\r\n\rz\n/\nx=1\r\r\n[B_G/1 Group]\n[C_G/1 Group]\ny=2\nw=/\n\n"
+      "[D_G/1 Group]\nq=1\nlast";
+  const std::vector<std::string> names = {"A_G/1 Group", "B_G/1 Group", "C_G/1 Group", "D_G/1 Group",
+                                          "E_G/1 Group"};
+  for (std::size_t pad : {0u, 1u, 63u, 64u, 65u, 1000u}) {
+    const std::string text = std::string(pad, 'p') + "\n" + Padding() + body;
+    const auto expected = FoundLines(text, names, ScanWidth::kWidest);
+    for (ScanWidth width : RangeWidths()) {
+      EXPECT_EQ(RangeLines(text, names, width), expected) << "padding " << pad;
+    }
+  }
+}
+
+TEST(SectionFinderRanges, CountOnlyTheLinesTheCommentRuleKeeps) {
+  const std::string text = Padding() + "[A_G]\n//one\nx=1\n\n/two\nt/hree\nx=2\r\n\r\nx=3\n[B_G]\n";
+  for (ScanWidth width : RangeWidths()) {
+    SectionFinder finder(text, {"A_G"}, width, SectionFinder::Yield::kRanges);
+    ASSERT_TRUE(finder.Applies());
+    EXPECT_EQ(finder.Range(0).stored, 3u);
+  }
+}
+
+TEST(SectionFinderRanges, DeclineLongLinesNulsAndNarrowVectors) {
+  const std::string longLine = "[A_G]\n" + std::string(1500, 'x') + "\ny=1\n";
+  for (ScanWidth width : RangeWidths()) {
+    EXPECT_FALSE(SectionFinder(Padding() + longLine, {"A_G"}, width, SectionFinder::Yield::kRanges).Applies());
+    EXPECT_FALSE(SectionFinder(Padding() + std::string("[A_G]\nx\0\n", 9), {"A_G"}, width,
+                               SectionFinder::Yield::kRanges)
+                     .Applies());
+    // The lines finder serves what the ranges decline.
+    EXPECT_TRUE(SectionFinder(Padding() + longLine, {"A_G"}, width).Applies());
+  }
+  EXPECT_FALSE(SectionFinder("[A_G]\nx\n", {"A_G"}, ScanWidth::kVector32, SectionFinder::Yield::kRanges).Applies());
+}
+
 TEST(SectionFinder, DeclinesWhatOnlyTheChunkedSearchReadsRight) {
   EXPECT_FALSE(SectionFinder(std::string("[A_G]\nx=1\0y\n", 13), {"A_G"}).Applies());
   EXPECT_FALSE(SectionFinder("[A_G]\nx=1\n", {"A_G\r"}).Applies());

@@ -40,6 +40,39 @@ TEST(SectionStore, RowsGrowInAnyOrderWithoutMixing) {
   EXPECT_EQ(LinesOf(store, 2), (std::vector<std::string>{"b1", "b2"}));
 }
 
+TEST(SectionStore, PendingRowsAreCutWhenFirstRead) {
+  SectionStore store;
+  store.AdoptText("[S]\nx=1\n//c\n\r\ny=2\r\nz\n[T]\n");
+  store.Assign(1, {"other"});
+  store.AddPendingRow(2, 4, 21, 3);
+  const SectionStore::Row other = store[1];
+  EXPECT_EQ(store.Count(2), 3u);
+  EXPECT_EQ(LinesOf(store, 2), (std::vector<std::string>{"x=1", "y=2", "z"}));
+  // Cutting fills the room made beforehand: the other row's view still reads.
+  EXPECT_EQ(other[0], "other");
+  // A copy made before the cut cuts its own lines; both compare alike.
+  SectionStore pending;
+  pending.AdoptText("[S]\nx=1\n//c\n\r\ny=2\r\nz\n[T]\n");
+  pending.Assign(1, {"other"});
+  pending.AddPendingRow(2, 4, 21, 3);
+  SectionStore copy = pending;
+  EXPECT_TRUE(copy == store);
+  EXPECT_EQ(LinesOf(pending, 2), LinesOf(copy, 2));
+  // A row that grows after being pending keeps its cut lines ahead of the new one.
+  pending.AddLine(2, 4, 1);
+  EXPECT_EQ(LinesOf(pending, 2), (std::vector<std::string>{"x=1", "y=2", "z", "x"}));
+}
+
+TEST(SectionStore, APendingRowTakesNoMoreThanItsCount) {
+  SectionStore store;
+  store.AdoptText("a\nb\nc\n");
+  store.AddPendingRow(1, 0, 6, 2);
+  EXPECT_EQ(LinesOf(store, 1), (std::vector<std::string>{"a", "b"}));
+  // A place outside the text is refused.
+  store.AddPendingRow(2, 0, 99, 1);
+  EXPECT_TRUE(store[2].empty());
+}
+
 TEST(SectionStore, ACopyKeepsItsOwnLines) {
   SectionStore store;
   store.Assign(1, {"Dialog=port"});
