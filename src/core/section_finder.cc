@@ -164,26 +164,31 @@ __attribute__((target("avx512bw,popcnt,bmi"))) void ScanPageVector64(const Page&
 }
 #endif
 
-// Ranges: a line longer than this is not served, so that every line the ranges walk is
-// one chunk. Data files hold lines of a few dozen characters.
-constexpr std::size_t kRangeLineLimit = 1024;
-
 // One page of blocks for the ranges, as Page: for each block, the bits of the places
 // where a stored line begins and the count of such places ahead of the block, the
-// places of the ending, and the places where a line begins with "[". `carry` is 1 when
-// a line begins at the page's first byte, and `lineStart` is where the line that runs
-// into the page began.
+// places of the ending, and the places where a line begins with "["; `hits` lists the
+// blocks with a place of either of the last two. `carry` is 1 when a line begins at the
+// page's first byte; `feedless` counts the blocks without a line feed that run into the
+// page.
 struct RangeMarks {
   std::uint64_t* stored;
   std::uint32_t* before;
   std::uint64_t* ends;
   std::uint64_t* opens;
+  std::uint32_t* hits;
+  std::size_t hitCount = 0;
   std::uint64_t carry = 1;
-  std::size_t lineStart = 0;
+  std::size_t feedless = 0;
   std::uint32_t count = 0;
   bool nul = false;
   bool longLine = false;
 };
+
+// Ranges serve a file whose lines are chunks. A line of a chunk's length holds this
+// many whole blocks without a line feed; a file where no such run of blocks stands has
+// only lines of fewer than (kLongRun + 2) * 64 characters, well within a chunk.
+constexpr std::size_t kLongRun = 15;
+static_assert((kLongRun + 2) * 64 < kChunkSize);
 
 #if defined(TESSARA_SCAN_X86)
 // Marks, for each block, where lines begin that the comment rule keeps (not at a line
@@ -201,10 +206,12 @@ __attribute__((target("avx512bw,popcnt,bmi"))) void ScanRangePageVector64(const 
   std::uint32_t* const before = marks.before;
   std::uint64_t* const ends = marks.ends;
   std::uint64_t* const opens = marks.opens;
+  std::uint32_t* const hits = marks.hits;
+  std::size_t hitCount = 0;
   std::uint64_t carry = marks.carry;
-  std::size_t lineStart = marks.lineStart;
+  std::size_t feedless = marks.feedless;
+  std::size_t longestRun = 0;
   std::uint32_t count = marks.count;
-  bool longLine = false;
   const char* data = page.data;
   for (std::size_t b = 0; b < page.blocks; ++b, data += kBlock) {
     const __m512i bytes = _mm512_loadu_si512(data);
@@ -225,19 +232,20 @@ __attribute__((target("avx512bw,popcnt,bmi"))) void ScanRangePageVector64(const 
     stored[b] = kept;
     before[b] = count;
     count += static_cast<std::uint32_t>(__builtin_popcountll(kept));
-    ends[b] = _mm512_cmpeq_epi8_mask(bytes, first) & _mm512_cmpeq_epi8_mask(behind, last);
-    opens[b] = starts & _mm512_cmpeq_epi8_mask(bytes, bracket);
-    // The first line feed of the block ends the line that ran into it; the last one
-    // begins the line that runs on.
-    const std::size_t base = page.base + b * kBlock;
-    const std::size_t firstEnd = base + static_cast<std::size_t>(__builtin_ctzll(feeds | (1ull << 63))) + 1;
-    longLine |= firstEnd - lineStart > kRangeLineLimit;
-    lineStart = feeds != 0 ? base + kBlock - static_cast<std::size_t>(__builtin_clzll(feeds | 1)) : lineStart;
+    const std::uint64_t end = _mm512_cmpeq_epi8_mask(bytes, first) & _mm512_cmpeq_epi8_mask(behind, last);
+    const std::uint64_t open = starts & _mm512_cmpeq_epi8_mask(bytes, bracket);
+    ends[b] = end;
+    opens[b] = open;
+    hits[hitCount] = static_cast<std::uint32_t>(b);
+    hitCount += (end | open) != 0 ? 1 : 0;
+    feedless = feeds != 0 ? 0 : feedless + 1;
+    longestRun = std::max(longestRun, feedless);
   }
+  marks.hitCount = hitCount;
   marks.carry = carry;
-  marks.lineStart = lineStart;
+  marks.feedless = feedless;
   marks.count = count;
-  marks.longLine = marks.longLine || longLine;
+  marks.longLine = marks.longLine || longestRun >= kLongRun;
   marks.nul = marks.nul || _mm512_cmpeq_epi8_mask(least, _mm512_setzero_si512()) != 0;
 }
 #endif
@@ -385,7 +393,8 @@ void SectionFinder::ScanRanges(std::string_view ending, bool vector) {
   bracketStarts_.clear();
   std::uint64_t ends[kPageBlocks];
   std::uint64_t opens[kPageBlocks];
-  RangeMarks marks{storedStarts_.get(), storedBefore_.get(), ends, opens};
+  std::uint32_t hits[kPageBlocks];
+  RangeMarks marks{storedStarts_.get(), storedBefore_.get(), ends, opens, hits};
   std::size_t i = 0;
 #if defined(TESSARA_SCAN_X86)
   const std::size_t behind = std::max<std::size_t>(tail, 1);
@@ -395,7 +404,8 @@ void SectionFinder::ScanRanges(std::string_view ending, bool vector) {
     marks.stored = storedStarts_.get() + i / kBlock;
     marks.before = storedBefore_.get() + i / kBlock;
     ScanRangePageVector64(page, marks);
-    for (std::size_t b = 0; b < page.blocks; ++b) {
+    for (std::size_t h = 0; h < marks.hitCount; ++h) {
+      const std::size_t b = hits[h];
       for (std::uint64_t open = opens[b]; open != 0; open &= open - 1) {
         bracketStarts_.push_back(i + b * kBlock + static_cast<std::size_t>(std::countr_zero(open)));
       }
@@ -411,9 +421,10 @@ void SectionFinder::ScanRanges(std::string_view ending, bool vector) {
   // The rest byte by byte, into blocks of their own.
   const std::size_t firstLeft = i / kBlock;
   std::fill(storedStarts_.get() + firstLeft, storedStarts_.get() + blocks, 0);
-  std::size_t lineStart = marks.lineStart;
+  std::size_t feedless = marks.feedless;
   bool nul = marks.nul;
   bool longLine = marks.longLine;
+  bool blockFed = false;
   for (; i < size; ++i) {
     const char byte = data[i];
     const char next = i + 1 < size ? data[i + 1] : '\0';
@@ -422,18 +433,23 @@ void SectionFinder::ScanRanges(std::string_view ending, bool vector) {
       if (!dropped) storedStarts_[i / kBlock] |= std::uint64_t{1} << (i % kBlock);
       if (byte == '[') bracketStarts_.push_back(i);
     }
-    if (byte == '\n') {
-      longLine = longLine || i + 1 - lineStart > kRangeLineLimit;
-      lineStart = i + 1;
+    blockFed = blockFed || byte == '\n';
+    if (i % kBlock == kBlock - 1) {
+      // The runs of whole blocks without a line feed, counted as the vectors count them.
+      feedless = blockFed ? 0 : feedless + 1;
+      longLine = longLine || feedless >= kLongRun;
+      blockFed = false;
     }
     nul = nul || byte == '\0';
     if (missing_ > 0 && i + tail < size && byte == ending.front() && data[i + tail] == ending.back()) {
       EndingAt(i, ending);
     }
   }
-  longLine = longLine || size - lineStart > kRangeLineLimit;
   // A last line that no line feed ends is no line: the counts from its block on are
   // made again.
+  const void* lastFeed = size > 0 ? memrchr(data, '\n', size) : nullptr;
+  const std::size_t lineStart =
+      lastFeed == nullptr ? 0 : static_cast<std::size_t>(static_cast<const char*>(lastFeed) - data) + 1;
   std::size_t recount = firstLeft;
   if (lineStart < size) {
     storedStarts_[lineStart / kBlock] &= ~(std::uint64_t{1} << (lineStart % kBlock));

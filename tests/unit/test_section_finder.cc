@@ -148,7 +148,7 @@ TEST(SectionFinderRanges, HoldTheLinesTheLinesFinderReports) {
       "[D_G/1 Group]\nq=1\nlast";
   const std::vector<std::string> names = {"A_G/1 Group", "B_G/1 Group", "C_G/1 Group", "D_G/1 Group",
                                           "E_G/1 Group"};
-  for (std::size_t pad : {0u, 1u, 63u, 64u, 65u, 1000u}) {
+  for (std::size_t pad : {0u, 1u, 63u, 64u, 65u, 900u}) {
     const std::string text = std::string(pad, 'p') + "\n" + Padding() + body;
     const auto expected = FoundLines(text, names, ScanWidth::kWidest);
     for (ScanWidth width : RangeWidths()) {
@@ -177,6 +177,24 @@ TEST(SectionFinderRanges, DeclineLongLinesNulsAndNarrowVectors) {
     EXPECT_TRUE(SectionFinder(Padding() + longLine, {"A_G"}, width).Applies());
   }
   EXPECT_FALSE(SectionFinder("[A_G]\nx\n", {"A_G"}, ScanWidth::kVector32, SectionFinder::Yield::kRanges).Applies());
+}
+
+TEST(SectionFinderRanges, VectorsAndBytesDeclineTheSameLongLines) {
+  if (!SectionFinder::Supports(ScanWidth::kVector64)) GTEST_SKIP() << "no 64-byte vectors here";
+  int declined = 0;
+  for (std::size_t length = 900; length <= 1100; length += 7) {
+    for (std::size_t shift : {0u, 17u, 40u}) {
+      const std::string text =
+          Padding() + std::string(shift, 's') + "\n[A_G]\n" + std::string(length, 'x') + "\ny=1\n" + Padding();
+      const SectionFinder bytes(text, {"A_G"}, ScanWidth::kPlain, SectionFinder::Yield::kRanges);
+      const SectionFinder vectors(text, {"A_G"}, ScanWidth::kVector64, SectionFinder::Yield::kRanges);
+      ASSERT_EQ(bytes.Applies(), vectors.Applies()) << length << " " << shift;
+      declined += bytes.Applies() ? 0 : 1;
+    }
+  }
+  // Lines of 1088 characters and more are always declined; shorter ones sometimes.
+  EXPECT_GT(declined, 0);
+  EXPECT_LT(declined, 3 * 29);
 }
 
 TEST(SectionFinder, DeclinesWhatOnlyTheChunkedSearchReadsRight) {
