@@ -17,11 +17,8 @@ namespace tessara {
 // its own.
 class SectionStore {
   struct Span {
-    // Room made for lines is written before it is read: making it writes nothing.
-    Span() {}  // NOLINT: deliberately leaves the members unset
-    Span(std::size_t offset, std::size_t length) : offset(offset), length(length) {}
-    std::size_t offset;
-    std::size_t length;
+    std::size_t offset = 0;
+    std::size_t length = 0;
   };
 
  public:
