@@ -136,7 +136,7 @@ class SectionStore {
 
   std::string text_;
   // Cutting a pending row when it is read fills its room and marks it cut: what the
-  // store holds does not change.
+  // store holds does not change. (The catalogue is read by one thread only.)
   mutable std::vector<Span> spans_;
   mutable std::array<RowSpans, kRows> rows_{};
 };
