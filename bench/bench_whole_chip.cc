@@ -86,6 +86,18 @@ std::unique_ptr<PageFlow> FlowWithEveryPanelOpen() {
   return set ? std::move(flow) : nullptr;
 }
 
+// The flow with every panel open, or none when the chip did not start up or could not
+// be set up; the benchmark is then skipped with the reason.
+std::unique_ptr<PageFlow> FlowForBenchmark(benchmark::State& state) {
+  if (!Run().started) {
+    state.SkipWithError("the full chip did not start up cleanly");
+    return nullptr;
+  }
+  auto flow = FlowWithEveryPanelOpen();
+  if (flow == nullptr) state.SkipWithError("the full chip's clock or UART channels could not be set");
+  return flow;
+}
+
 // The stored lines of every configuration that has a panel.
 std::vector<std::string_view> PanelLines(const PageFlow& flow) {
   std::vector<std::string_view> lines;
@@ -164,15 +176,8 @@ std::size_t WriteFilesOnce(const GeneratedFiles& files) {
 }
 
 void BM_GenerateCommand(benchmark::State& state) {
-  if (!Run().started) {
-    state.SkipWithError("the full chip did not start up cleanly");
-    return;
-  }
-  auto flow = FlowWithEveryPanelOpen();
-  if (flow == nullptr) {
-    state.SkipWithError("the full chip's clock or UART channels could not be set");
-    return;
-  }
+  auto flow = FlowForBenchmark(state);
+  if (flow == nullptr) return;
   const std::string folder = FullChip().folder + "/Generated";
   std::filesystem::create_directories(folder);
   ScriptedHost& host = Run().host;
@@ -200,15 +205,8 @@ void BM_GenerateCommand(benchmark::State& state) {
 BENCHMARK(BM_GenerateCommand)->Unit(benchmark::kMillisecond)->UseManualTime();
 
 void BM_SaveProject(benchmark::State& state) {
-  if (!Run().started) {
-    state.SkipWithError("the full chip did not start up cleanly");
-    return;
-  }
-  auto flow = FlowWithEveryPanelOpen();
-  if (flow == nullptr) {
-    state.SkipWithError("the full chip's clock or UART channels could not be set");
-    return;
-  }
+  auto flow = FlowForBenchmark(state);
+  if (flow == nullptr) return;
   const std::string path = FullChip().folder + "/every-panel.tsr";
   double measured = 0;
   for (auto _ : state) {

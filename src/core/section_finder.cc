@@ -290,6 +290,13 @@ SectionFinder::SectionFinder(std::string_view text, const std::vector<std::strin
                              Yield yield)
     : text_(text), matchStarts_(sections.size(), kNone), missing_(sections.size()), ranges_(yield == Yield::kRanges) {
   if (sections.empty()) return;
+  if (ranges_) {
+    // The counts of stored lines are kept in 32 bits.
+    if (text_.size() >= (std::size_t{1} << 31)) return;
+    // Byte by byte, ranges cost more than lines: the widest way serves only with vectors.
+    if (width == ScanWidth::kWidest) width = ScanWidth::kVector64;
+    if (width != ScanWidth::kPlain && !(width == ScanWidth::kVector64 && Supports(width))) return;
+  }
   names_.reserve(sections.size());
   for (const std::string& section : sections) {
     // The reading loop holds a name as a C string: up to its first NUL.
@@ -303,16 +310,11 @@ SectionFinder::SectionFinder(std::string_view text, const std::vector<std::strin
   const std::string_view ending = CommonEnding(names_);
   if (ending.empty()) return;
   GroupNames(ending);
-  if (!ranges_) {
+  if (ranges_) {
+    ScanRanges(ending, width == ScanWidth::kVector64);
+  } else {
     Scan(ending, ScannerFor(width));
-    return;
   }
-  // The counts of stored lines are kept in 32 bits.
-  if (text_.size() >= (std::size_t{1} << 31)) return;
-  // Byte by byte, ranges cost more than lines: the widest way serves only with vectors.
-  if (width == ScanWidth::kWidest) width = ScanWidth::kVector64;
-  if (width != ScanWidth::kPlain && !(width == ScanWidth::kVector64 && Supports(width))) return;
-  ScanRanges(ending, width == ScanWidth::kVector64);
 }
 
 // Groups the names by the byte before the ending, so that a place of the ending is
