@@ -117,13 +117,43 @@ std::uint64_t NoCaseHash(std::string_view text) {
 }
 
 // The line at `position` of `text`, moving `position` behind its line feed.
-bool NextLine(const std::string& text, std::size_t& position, std::string_view& line) {
+bool NextLine(std::string_view text, std::size_t& position, std::string_view& line) {
   if (position >= text.size()) return false;
   std::size_t end = text.find('\n', position);
-  if (end == std::string::npos) end = text.size();
-  line = std::string_view(text).substr(position, end - position);
+  if (end == std::string_view::npos) end = text.size();
+  line = text.substr(position, end - position);
   position = end + 1;
   return true;
+}
+
+}  // namespace
+
+namespace {
+
+inline bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+
+// What one line of a section is, as SectionHeader and KeyOf tell it, in one look at
+// the line: a header (its first character past the blanks is "["), a key line, or
+// neither.
+enum class LineKind { kHeader, kKey, kOther };
+inline LineKind ClassifyLine(std::string_view line, std::string_view& key, std::string_view& value) {
+  const char* const begin = line.data();
+  const char* const end = begin + line.size();
+  const char* at = begin;
+  while (at != end && IsBlank(*at)) ++at;
+  if (at != end && *at == '[') return LineKind::kHeader;
+  const char* const keyStart = at;
+  while (at != end && *at != '=') ++at;
+  if (at == end) return LineKind::kOther;
+  const char* keyEnd = at;
+  while (keyEnd != keyStart && IsBlank(keyEnd[-1])) --keyEnd;
+  const char* valueStart = at + 1;
+  const char* valueEnd = end;
+  while (valueStart != valueEnd && IsBlank(*valueStart)) ++valueStart;
+  while (valueEnd != valueStart && IsBlank(valueEnd[-1])) --valueEnd;
+  key = std::string_view(keyStart, static_cast<std::size_t>(keyEnd - keyStart));
+  value = std::string_view(valueStart, static_cast<std::size_t>(valueEnd - valueStart));
+  return LineKind::kKey;
 }
 
 }  // namespace
@@ -140,20 +170,22 @@ void IniText::ScanNextSection() {
     } while (!SectionHeader(line, name));
   }
   SectionHeader(line, name);
-  Section section;
+  if (sections_.empty()) sections_.reserve(8);
+  sections_.emplace_back();
+  Section& section = sections_.back();
   section.name = name;
+  section.entries.reserve(16);
   for (std::size_t lineStart = position_; NextLine(text_, position_, line); lineStart = position_) {
-    std::string_view next;
-    if (SectionHeader(line, next)) {
+    std::string_view key, value;
+    const LineKind kind = ClassifyLine(line, key, value);
+    if (kind == LineKind::kHeader) {
       position_ = lineStart;
       headerPending_ = true;
       section.closed = true;
       break;
     }
-    std::string_view key, value;
-    if (KeyOf(line, key, value)) section.entries.push_back({key, value});
+    if (kind == LineKind::kKey) section.entries.push_back({key, value});
   }
-  sections_.push_back(std::move(section));
 }
 
 IniText::Section* IniText::Find(std::string_view name) {

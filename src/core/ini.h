@@ -33,7 +33,9 @@ std::string ReadProfileStringFromText(const std::string& fileText, const std::st
 // for, so a data file's leading sections are found without walking its panel sections.
 class IniText {
  public:
-  explicit IniText(std::string text) : text_(std::move(text)) {}
+  explicit IniText(std::string text) : owned_(std::move(text)), text_(owned_) {}
+  // Reads a text that someone else keeps, for as long as this lives.
+  static IniText Viewing(std::string_view text) { return IniText(text, 0); }
   IniText(const IniText&) = delete;
   IniText& operator=(const IniText&) = delete;
 
@@ -46,10 +48,7 @@ class IniText {
   // absent one.
   void ReadNumbered(const std::string& section, std::string_view prefix, int last,
                     std::vector<std::string_view>& values);
-  const std::string& text() const { return text_; }
-  // Hands the text on once the keys wanted are read: a group load keeps its file's text
-  // as its section store. Nothing may be read from the IniText after this.
-  std::string TakeText() && { return std::move(text_); }
+  std::string_view text() const { return text_; }
   // Whether the text holds all of the first section of that name: a header line follows
   // it. Read from a file's start only, such a section reads as in the whole file.
   bool HoldsWholeSection(const std::string& section);
@@ -75,7 +74,10 @@ class IniText {
   // Reads the header at position_ and the key lines behind it, up to the next header.
   void ScanNextSection();
 
-  std::string text_;
+  IniText(std::string_view text, int) : text_(text) {}
+
+  std::string owned_;
+  std::string_view text_;
   std::size_t position_ = 0;  // start of the first line not yet scanned
   bool headerPending_ = false;  // the line at position_ is a header not yet scanned
   std::vector<Section> sections_;

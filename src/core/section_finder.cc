@@ -21,16 +21,28 @@ constexpr std::size_t kPageBlocks = 64;
 constexpr std::size_t kBytesPerLineGuess = 32;
 
 std::string_view CommonEnding(const std::vector<std::string_view>& names) {
-  std::size_t common = names[0].size();
+  const std::string_view first = names[0];
+  std::size_t common = first.size();
   for (std::string_view name : names) {
+    // Names mostly share their whole ending: one comparison tells.
+    if (name.size() >= common &&
+        std::memcmp(name.data() + name.size() - common, first.data() + first.size() - common, common) == 0) {
+      continue;
+    }
     std::size_t same = 0;
-    while (same < common && same < name.size() &&
-           name[name.size() - 1 - same] == names[0][names[0].size() - 1 - same]) {
+    while (same < common && same < name.size() && name[name.size() - 1 - same] == first[first.size() - 1 - same]) {
       ++same;
     }
     common = same;
   }
-  return names[0].substr(names[0].size() - common);
+  return first.substr(first.size() - common);
+}
+
+// Whether a text holds a CR or a line feed.
+bool HoldsLineEnd(std::string_view text) {
+  bool lineEnd = false;
+  for (char c : text) lineEnd |= (c == '\r') | (c == '\n');
+  return lineEnd;
 }
 
 // One page of blocks to scan: `blocks` * 64 bytes at `data`, which is `base` bytes into
@@ -164,91 +176,138 @@ __attribute__((target("avx512bw,popcnt,bmi"))) void ScanPageVector64(const Page&
 }
 #endif
 
-// One page of blocks for the ranges, as Page: for each block, the bits of the places
-// where a stored line begins and the count of such places ahead of the block, the
-// places of the ending, and the places where a line begins with "["; `hits` lists the
-// blocks with a place of either of the last two. `carry` is 1 when a line begins at the
-// page's first byte; `feedless` counts the blocks without a line feed that run into the
-// page.
+// Ranges serve a file whose lines are chunks. The text is looked at in windows of this
+// many whole blocks from its start; a line of a chunk's length covers a whole window,
+// so a file where every window holds a line feed has only lines well within a chunk.
+constexpr std::size_t kWindowBlocks = 15;
+constexpr std::size_t kWindow = kWindowBlocks * kBlock;
+static_assert(2 * kWindow - 1 < kChunkSize - 2);
+
+// What scanning a page for the ranges gives and carries on to the next page: the
+// blocks that hold the start of a "[" line or a place of the ending, each with the line
+// feeds ahead of it (block | lines << 32), the line feeds ahead, whether a line begins at
+// the next page's first byte, and the window the next page goes on with.
 struct RangeMarks {
-  std::uint64_t* stored;
-  std::uint32_t* before;
-  std::uint64_t* ends;
-  std::uint64_t* opens;
-  std::uint32_t* hits;
+  std::uint64_t* hits;
   std::size_t hitCount = 0;
   std::uint64_t carry = 1;
-  std::size_t feedless = 0;
-  std::uint32_t count = 0;
+  std::uint32_t lines = 0;
+  std::size_t windowBlocks = 0;  // blocks of the current window already looked at
+  std::uint32_t windowLines = 0; // line feeds ahead of the current window
   bool nul = false;
   bool longLine = false;
 };
 
-// Ranges serve a file whose lines are chunks. A line of a chunk's length holds this
-// many whole blocks without a line feed; a file where no such run of blocks stands has
-// only lines of fewer than (kLongRun + 2) * 64 characters, well within a chunk.
-constexpr std::size_t kLongRun = 15;
-static_assert((kLongRun + 2) * 64 < kChunkSize);
-
 #if defined(TESSARA_SCAN_X86)
-// Marks, for each block, where lines begin that the comment rule keeps (not at a line
-// feed, a CR LF, a "/" or a "/" behind it) and where lines begin with "[", and the
-// places of the ending as ScanPageVector64 does. Reads one byte behind each block.
+// The marks of one block as ScanRangePageVector64 takes them: its line feeds, where
+// lines begin with "[" (`carry`: a line begins at its first byte), and the places of
+// the ending.
+struct BlockMarks {
+  std::uint64_t feeds;
+  std::uint64_t opens;
+  std::uint64_t ends;
+};
+
+__attribute__((target("avx512bw,popcnt,bmi"))) inline BlockMarks MarkBlock(const char* data, std::size_t tail,
+                                                                         std::uint64_t carry, char first, char last) {
+  const __m512i bytes = _mm512_loadu_si512(data);
+  const __m512i behind = _mm512_loadu_si512(data + tail);
+  BlockMarks marks;
+  marks.feeds = _mm512_cmpeq_epi8_mask(bytes, _mm512_set1_epi8('\n'));
+  marks.opens = _mm512_mask_cmpeq_epi8_mask((marks.feeds << 1) | carry, bytes, _mm512_set1_epi8('['));
+  marks.ends = _mm512_mask_cmpeq_epi8_mask(_mm512_cmpeq_epi8_mask(bytes, _mm512_set1_epi8(first)), behind,
+                                           _mm512_set1_epi8(last));
+  return marks;
+}
+
+// Counts the line feeds of each block and lists the blocks where a line begins with
+// "[" or the ending may stand: they are few, so a branch to list them is cheaper than a
+// store for every block. A window whose line feeds do not grow marks a long line.
 __attribute__((target("avx512bw,popcnt,bmi"))) void ScanRangePageVector64(const Page& page, RangeMarks& marks) {
   const __m512i feed = _mm512_set1_epi8('\n');
-  const __m512i slash = _mm512_set1_epi8('/');
-  const __m512i cr = _mm512_set1_epi8('\r');
   const __m512i bracket = _mm512_set1_epi8('[');
   const __m512i first = _mm512_set1_epi8(page.first);
   const __m512i last = _mm512_set1_epi8(page.last);
   __m512i least = _mm512_set1_epi8(-1);
-  std::uint64_t* const stored = marks.stored;
-  std::uint32_t* const before = marks.before;
-  std::uint64_t* const ends = marks.ends;
-  std::uint64_t* const opens = marks.opens;
-  std::uint32_t* const hits = marks.hits;
+  std::uint64_t* const hits = marks.hits;
+  const std::size_t blocks = page.blocks;
+  const std::size_t tail = page.tail;
   std::size_t hitCount = 0;
   std::uint64_t carry = marks.carry;
-  std::size_t feedless = marks.feedless;
-  std::size_t longestRun = 0;
-  std::uint32_t count = marks.count;
+  std::uint32_t lines = marks.lines;
+  std::size_t windowBlocks = marks.windowBlocks;
+  std::uint32_t windowLines = marks.windowLines;
+  bool longLine = marks.longLine;
   const char* data = page.data;
-  for (std::size_t b = 0; b < page.blocks; ++b, data += kBlock) {
+  for (std::size_t b = 0; b < blocks; ++b, data += kBlock) {
     const __m512i bytes = _mm512_loadu_si512(data);
-    const __m512i behind = _mm512_loadu_si512(data + page.tail);
+    const __m512i behind = _mm512_loadu_si512(data + tail);
     least = _mm512_min_epu8(least, bytes);
     const std::uint64_t feeds = _mm512_cmpeq_epi8_mask(bytes, feed);
-    const std::uint64_t slashes = _mm512_cmpeq_epi8_mask(bytes, slash);
-    // What stands one byte further on: the block's own marks moved down, and the byte
-    // behind the block for the last place.
-    const std::uint64_t behindByte = static_cast<unsigned char>(data[kBlock]);
-    const std::uint64_t slashesNext = (slashes >> 1) | (static_cast<std::uint64_t>(behindByte == '/') << 63);
-    const std::uint64_t feedsNext = (feeds >> 1) | (static_cast<std::uint64_t>(behindByte == '\n') << 63);
     const std::uint64_t starts = (feeds << 1) | carry;
     carry = feeds >> 63;
-    const std::uint64_t dropped =
-        feeds | slashes | slashesNext | (_mm512_cmpeq_epi8_mask(bytes, cr) & feedsNext);
-    const std::uint64_t kept = starts & ~dropped;
-    stored[b] = kept;
-    before[b] = count;
-    count += static_cast<std::uint32_t>(__builtin_popcountll(kept));
-    const std::uint64_t end = _mm512_cmpeq_epi8_mask(bytes, first) & _mm512_cmpeq_epi8_mask(behind, last);
-    const std::uint64_t open = starts & _mm512_cmpeq_epi8_mask(bytes, bracket);
-    ends[b] = end;
-    opens[b] = open;
-    hits[hitCount] = static_cast<std::uint32_t>(b);
-    hitCount += (end | open) != 0 ? 1 : 0;
-    feedless = feeds != 0 ? 0 : feedless + 1;
-    longestRun = std::max(longestRun, feedless);
+    const std::uint64_t opens = _mm512_mask_cmpeq_epi8_mask(starts, bytes, bracket);
+    const std::uint64_t ends = _mm512_mask_cmpeq_epi8_mask(_mm512_cmpeq_epi8_mask(bytes, first), behind, last);
+    if (__builtin_expect((opens | ends) != 0, 0)) hits[hitCount++] = b | static_cast<std::uint64_t>(lines) << 32;
+    lines += static_cast<std::uint32_t>(__builtin_popcountll(feeds));
+    if (++windowBlocks == kWindowBlocks) {
+      longLine = longLine || lines == windowLines;
+      windowLines = lines;
+      windowBlocks = 0;
+    }
   }
   marks.hitCount = hitCount;
   marks.carry = carry;
-  marks.feedless = feedless;
-  marks.count = count;
-  marks.longLine = marks.longLine || longestRun >= kLongRun;
+  marks.lines = lines;
+  marks.windowBlocks = windowBlocks;
+  marks.windowLines = windowLines;
+  marks.longLine = longLine;
   marks.nul = marks.nul || _mm512_cmpeq_epi8_mask(least, _mm512_setzero_si512()) != 0;
 }
+
+// Counts the lines of text[begin, end) that the comment rule keeps and those it drops,
+// where begin starts a line and end follows a line feed, over the whole blocks of 64
+// bytes that end before `end` (so that the byte behind each can be read), until more
+// than `keptLimit` are kept or `droppedLimit` are dropped. Returns where it stopped.
+__attribute__((target("avx512bw,popcnt,bmi"))) std::size_t CountStoredVector64(const char* data, std::size_t begin,
+                                                                              std::size_t end, std::size_t keptLimit,
+                                                                              std::size_t droppedLimit,
+                                                                              std::size_t& kept, std::size_t& dropped) {
+  const __m512i feed = _mm512_set1_epi8('\n');
+  const __m512i slash = _mm512_set1_epi8('/');
+  const __m512i cr = _mm512_set1_epi8('\r');
+  std::size_t at = begin - begin % kBlock;
+  std::uint64_t carry = at == 0 || data[at - 1] == '\n' ? 1 : 0;
+  std::uint64_t from = ~std::uint64_t{0} << (begin % kBlock);
+  for (; at + kBlock < end && kept <= keptLimit && dropped < droppedLimit; at += kBlock) {
+    const __m512i bytes = _mm512_loadu_si512(data + at);
+    const __m512i next = _mm512_loadu_si512(data + at + 1);
+    const std::uint64_t feeds = _mm512_cmpeq_epi8_mask(bytes, feed);
+    const std::uint64_t starts = ((feeds << 1) | carry) & from;
+    carry = feeds >> 63;
+    from = ~std::uint64_t{0};
+    // A line is dropped when it is empty (a line feed, or a CR LF, at its start) or has
+    // "/" as its first or second character.
+    const std::uint64_t droppedStarts =
+        starts & (feeds | _mm512_cmpeq_epi8_mask(bytes, slash) | _mm512_cmpeq_epi8_mask(next, slash) |
+                  _mm512_mask_cmpeq_epi8_mask(_mm512_cmpeq_epi8_mask(bytes, cr), next, feed));
+    const std::size_t lineCount = static_cast<std::size_t>(__builtin_popcountll(starts));
+    const std::size_t droppedCount = static_cast<std::size_t>(__builtin_popcountll(droppedStarts));
+    kept += lineCount - droppedCount;
+    dropped += droppedCount;
+  }
+  return std::max(at, begin);
+}
 #endif
+
+// Whether the line that begins at `start` is kept by the comment rule; a line feed ends
+// it, so the byte behind its first one can be read unless that first one is the feed.
+inline bool StoredLineAt(const char* data, std::size_t start) {
+  const char first = data[start];
+  if (first == '\n') return false;
+  const char second = data[start + 1];
+  return first != '/' && second != '/' && !(first == '\r' && second == '\n');
+}
 
 PageScanner ScannerFor(ScanWidth width) {
 #if defined(TESSARA_SCAN_X86)
@@ -289,29 +348,44 @@ bool SectionFinder::Supports(ScanWidth width) {
 SectionFinder::SectionFinder(std::string_view text, const std::vector<std::string>& sections, ScanWidth width,
                              Yield yield)
     : text_(text), matchStarts_(sections.size(), kNone), missing_(sections.size()), ranges_(yield == Yield::kRanges) {
+  std::vector<std::string_view> views;
+  views.reserve(sections.size());
+  for (const std::string& section : sections) views.emplace_back(section);
+  Find(views, width);
+}
+
+SectionFinder::SectionFinder(std::string_view text, const std::vector<std::string_view>& sections, ScanWidth width,
+                             Yield yield, int)
+    : text_(text), matchStarts_(sections.size(), kNone), missing_(sections.size()), ranges_(yield == Yield::kRanges) {
+  Find(sections, width);
+}
+
+void SectionFinder::Find(const std::vector<std::string_view>& sections, ScanWidth width) {
   if (sections.empty()) return;
   if (ranges_) {
-    // The counts of stored lines are kept in 32 bits.
+    // The counts of line feeds are kept in 32 bits.
     if (text_.size() >= (std::size_t{1} << 31)) return;
     // Byte by byte, ranges cost more than lines: the widest way serves only with vectors.
     if (width == ScanWidth::kWidest) width = ScanWidth::kVector64;
     if (width != ScanWidth::kPlain && !(width == ScanWidth::kVector64 && Supports(width))) return;
+    matchLines_.assign(sections.size(), 0);
   }
   names_.reserve(sections.size());
-  for (const std::string& section : sections) {
+  for (std::string_view section : sections) {
     // The reading loop holds a name as a C string: up to its first NUL.
-    std::string_view name(section.c_str());
+    const std::string_view name = section.substr(0, section.find('\0'));
     if (name.empty()) return;
-    for (char c : name) {
-      if (c == '\r' || c == '\n') return;
-    }
     names_.push_back(name);
   }
   const std::string_view ending = CommonEnding(names_);
-  if (ending.empty()) return;
+  if (ending.empty() || HoldsLineEnd(ending)) return;
+  for (std::string_view name : names_) {
+    if (HoldsLineEnd(name.substr(0, name.size() - ending.size()))) return;
+  }
   GroupNames(ending);
   if (ranges_) {
-    ScanRanges(ending, width == ScanWidth::kVector64);
+    vector_ = width == ScanWidth::kVector64;
+    ScanRanges(ending, vector_);
   } else {
     Scan(ending, ScannerFor(width));
   }
@@ -361,7 +435,7 @@ void SectionFinder::Scan(std::string_view ending, Scanner scanPage) {
     nul = nul || marks.nul;
     for (std::size_t b = 0; missing_ > 0 && b < page.blocks; ++b) {
       for (std::uint64_t end = ends[b]; end != 0; end &= end - 1) {
-        EndingAt(i + b * kBlock + static_cast<std::size_t>(std::countr_zero(end)), ending);
+        EndingAt(i + b * kBlock + static_cast<std::size_t>(std::countr_zero(end)), ending, 0);
       }
     }
     i += page.blocks * kBlock;
@@ -373,7 +447,7 @@ void SectionFinder::Scan(std::string_view ending, Scanner scanPage) {
     }
     if (data[i] == '\0') nul = true;
     if (missing_ > 0 && i + tail < size && data[i] == ending.front() && data[i + tail] == ending.back()) {
-      EndingAt(i, ending);
+      EndingAt(i, ending, 0);
     }
   }
   // A line feed at the very end starts no line.
@@ -381,95 +455,78 @@ void SectionFinder::Scan(std::string_view ending, Scanner scanPage) {
   applies_ = !nul;
 }
 
-// The pass for ranges: where stored lines and "[" lines begin, whether a NUL or a long
-// line is anywhere, and where each name first stands. Blocks are looked at by 64-byte
-// vectors while a byte behind the block and the ending's last byte can be read, and the
-// rest byte by byte, or all of it byte by byte.
+// The pass for ranges: the line feeds ahead of every place where a line begins with
+// "[" and of the first place of each name, whether a NUL or a long line is anywhere.
+// Blocks are looked at by 64-byte vectors while the ending's last byte can be read
+// behind them, and the rest byte by byte, or all of it byte by byte.
 void SectionFinder::ScanRanges(std::string_view ending, bool vector) {
   const char* data = text_.data();
   const std::size_t size = text_.size();
   const std::size_t tail = ending.size() - 1;
-  const std::size_t blocks = size / kBlock + 1;
-  storedStarts_.reset(new std::uint64_t[blocks]);
-  storedBefore_.reset(new std::uint32_t[blocks]);
   bracketStarts_.clear();
-  std::uint64_t ends[kPageBlocks];
-  std::uint64_t opens[kPageBlocks];
-  std::uint32_t hits[kPageBlocks];
-  RangeMarks marks{storedStarts_.get(), storedBefore_.get(), ends, opens, hits};
+  std::uint64_t hits[kPageBlocks + 1];
+  RangeMarks marks{hits};
   std::size_t i = 0;
 #if defined(TESSARA_SCAN_X86)
-  const std::size_t behind = std::max<std::size_t>(tail, 1);
-  while (vector && i + kBlock + behind <= size) {
-    const Page page{data + i, i, std::min(kPageBlocks, (size - behind - i) / kBlock), tail, ending.front(),
+  while (vector && i + kBlock + tail <= size) {
+    const Page page{data + i, i, std::min(kPageBlocks, (size - tail - i) / kBlock), tail, ending.front(),
                     ending.back()};
-    marks.stored = storedStarts_.get() + i / kBlock;
-    marks.before = storedBefore_.get() + i / kBlock;
     ScanRangePageVector64(page, marks);
     for (std::size_t h = 0; h < marks.hitCount; ++h) {
-      const std::size_t b = hits[h];
-      for (std::uint64_t open = opens[b]; open != 0; open &= open - 1) {
-        bracketStarts_.push_back(i + b * kBlock + static_cast<std::size_t>(std::countr_zero(open)));
-      }
-      for (std::uint64_t end = missing_ > 0 ? ends[b] : 0; end != 0; end &= end - 1) {
-        EndingAt(i + b * kBlock + static_cast<std::size_t>(std::countr_zero(end)), ending);
-      }
+      TakeRangeHit(i + static_cast<std::size_t>(hits[h] & 0xFFFFFFFFu) * kBlock, static_cast<std::size_t>(hits[h] >> 32),
+                   ending);
     }
     i += page.blocks * kBlock;
   }
 #else
   (void)vector;
 #endif
-  // The rest byte by byte, into blocks of their own.
-  const std::size_t firstLeft = i / kBlock;
-  std::fill(storedStarts_.get() + firstLeft, storedStarts_.get() + blocks, 0);
-  std::size_t feedless = marks.feedless;
+  // The rest byte by byte, in the same windows.
+  std::size_t lines = marks.lines;
+  std::size_t windowLines = marks.windowLines;
   bool nul = marks.nul;
   bool longLine = marks.longLine;
-  bool blockFed = false;
   for (; i < size; ++i) {
     const char byte = data[i];
-    const char next = i + 1 < size ? data[i + 1] : '\0';
-    if (i == 0 || data[i - 1] == '\n') {
-      const bool dropped = byte == '\n' || byte == '/' || next == '/' || (byte == '\r' && next == '\n');
-      if (!dropped) storedStarts_[i / kBlock] |= std::uint64_t{1} << (i % kBlock);
-      if (byte == '[') bracketStarts_.push_back(i);
-    }
-    blockFed = blockFed || byte == '\n';
-    if (i % kBlock == kBlock - 1) {
-      // The runs of whole blocks without a line feed, counted as the vectors count them.
-      feedless = blockFed ? 0 : feedless + 1;
-      longLine = longLine || feedless >= kLongRun;
-      blockFed = false;
-    }
-    nul = nul || byte == '\0';
+    if (byte == '[' && (i == 0 || data[i - 1] == '\n')) bracketStarts_.push_back({i, lines});
     if (missing_ > 0 && i + tail < size && byte == ending.front() && data[i + tail] == ending.back()) {
-      EndingAt(i, ending);
+      EndingAt(i, ending, lines);
+    }
+    lines += byte == '\n' ? 1 : 0;
+    nul = nul || byte == '\0';
+    if ((i + 1) % kWindow == 0) {
+      longLine = longLine || lines == windowLines;
+      windowLines = lines;
     }
   }
-  // A last line that no line feed ends is no line: the counts from its block on are
-  // made again.
-  const void* lastFeed = size > 0 ? memrchr(data, '\n', size) : nullptr;
-  const std::size_t lineStart =
-      lastFeed == nullptr ? 0 : static_cast<std::size_t>(static_cast<const char*>(lastFeed) - data) + 1;
-  std::size_t recount = firstLeft;
-  if (lineStart < size) {
-    storedStarts_[lineStart / kBlock] &= ~(std::uint64_t{1} << (lineStart % kBlock));
-    recount = std::min(recount, lineStart / kBlock);
-  }
-  std::uint32_t stored = recount < firstLeft ? storedBefore_[recount] : marks.count;
-  for (std::size_t b = recount; b < blocks; ++b) {
-    storedBefore_[b] = stored;
-    stored += static_cast<std::uint32_t>(std::popcount(storedStarts_[b]));
-  }
+  totalLines_ = lines;
   applies_ = !nul && !longLine;
 }
 
-std::size_t SectionFinder::StoredBefore(std::size_t position) const {
-  const std::size_t block = position / kBlock;
-  const std::uint64_t ahead = (std::uint64_t{1} << (position % kBlock)) - 1;
-  return storedBefore_[block] + static_cast<std::size_t>(std::popcount(storedStarts_[block] & ahead));
+#if defined(TESSARA_SCAN_X86)
+// A block that the pass listed is marked again (a few blocks cost less than keeping the
+// marks of every one): its "[" lines and its places of the ending are taken, each with
+// the line feeds ahead of it.
+__attribute__((target("avx512bw,popcnt,bmi"))) void SectionFinder::TakeRangeHit(std::size_t base, std::size_t lines,
+                                                                               std::string_view ending) {
+  const char* data = text_.data();
+  const BlockMarks block =
+      MarkBlock(data + base, ending.size() - 1, base == 0 || data[base - 1] == '\n' ? 1 : 0, ending.front(),
+                ending.back());
+  for (std::uint64_t open = block.opens; open != 0; open &= open - 1) {
+    const int bit = __builtin_ctzll(open);
+    const std::uint64_t ahead = (std::uint64_t{1} << bit) - 1;
+    bracketStarts_.push_back({base + static_cast<std::size_t>(bit),
+                              lines + static_cast<std::size_t>(__builtin_popcountll(block.feeds & ahead))});
+  }
+  for (std::uint64_t end = missing_ > 0 ? block.ends : 0; end != 0; end &= end - 1) {
+    const int bit = __builtin_ctzll(end);
+    const std::uint64_t ahead = (std::uint64_t{1} << bit) - 1;
+    EndingAt(base + static_cast<std::size_t>(bit), ending,
+             lines + static_cast<std::size_t>(__builtin_popcountll(block.feeds & ahead)));
+  }
 }
+#endif
 
 SectionRange SectionFinder::Range(std::size_t i) const {
   if (!applies_ || !ranges_ || i >= matchStarts_.size() || matchStarts_[i] == kNone) return {};
@@ -479,10 +536,49 @@ SectionRange SectionFinder::Range(std::size_t i) const {
   if (feed == std::string_view::npos) return {text_.size(), text_.size(), 0};
   SectionRange range;
   range.begin = feed + 1;
-  auto bracket = std::lower_bound(bracketStarts_.begin(), bracketStarts_.end(), range.begin);
-  range.end = bracket == bracketStarts_.end() ? text_.size() : *bracket;
-  range.stored = StoredBefore(range.end) - StoredBefore(range.begin);
+  const std::size_t linesAhead = matchLines_[i] + 1;
+  auto bracket = std::lower_bound(bracketStarts_.begin(), bracketStarts_.end(), range.begin,
+                                  [](const Place& place, std::size_t position) { return place.position < position; });
+  range.end = bracket == bracketStarts_.end() ? text_.size() : bracket->position;
+  range.lines = (bracket == bracketStarts_.end() ? totalLines_ : bracket->lines) - linesAhead;
   return range;
+}
+
+std::size_t SectionFinder::StoredLines(const SectionRange& range) const {
+  std::size_t kept = 0;
+  std::size_t dropped = 0;
+  CountStored(range, text_.size(), text_.size(), kept, dropped);
+  return kept;
+}
+
+bool SectionFinder::MoreStoredLinesThan(const SectionRange& range, std::size_t limit) const {
+  if (range.lines <= limit) return false;
+  std::size_t kept = 0;
+  std::size_t dropped = 0;
+  CountStored(range, limit, range.lines - limit, kept, dropped);
+  return kept > limit;
+}
+
+void SectionFinder::CountStored(const SectionRange& range, std::size_t keptLimit, std::size_t droppedLimit,
+                                std::size_t& kept, std::size_t& dropped) const {
+  if (!applies_ || !ranges_ || range.begin >= range.end || range.end > text_.size()) return;
+  // Only lines that a line feed ends count: those up to the range's last line feed.
+  const char* data = text_.data();
+  const void* lastFeed = memrchr(data + range.begin, '\n', range.end - range.begin);
+  if (lastFeed == nullptr) return;
+  const std::size_t end = static_cast<std::size_t>(static_cast<const char*>(lastFeed) - data) + 1;
+  std::size_t at = range.begin;
+#if defined(TESSARA_SCAN_X86)
+  if (vector_) at = CountStoredVector64(data, range.begin, end, keptLimit, droppedLimit, kept, dropped);
+#endif
+  for (; at < end && kept <= keptLimit && dropped < droppedLimit; ++at) {
+    if (at != 0 && data[at - 1] != '\n') continue;
+    if (StoredLineAt(data, at)) {
+      ++kept;
+    } else {
+      ++dropped;
+    }
+  }
 }
 
 void SectionFinder::MakeLineRoom(std::size_t room) {
@@ -494,22 +590,26 @@ void SectionFinder::MakeLineRoom(std::size_t room) {
 
 // The ending may stand at `position`: every name not yet found that ends there is
 // found, when it lies within one chunk of its line.
-void SectionFinder::EndingAt(std::size_t position, std::string_view ending) {
+void SectionFinder::EndingAt(std::size_t position, std::string_view ending, std::size_t lines) {
   if (std::memcmp(text_.data() + position, ending.data(), ending.size()) != 0) return;
   // Only names with the byte that stands before the ending here, and a name that is the
   // ending alone, can end here.
-  if (position > 0) FindNamesEndingAt(position, ending, static_cast<unsigned char>(text_[position - 1]));
-  FindNamesEndingAt(position, ending, kEndingAlone);
+  if (position > 0) FindNamesEndingAt(position, ending, static_cast<unsigned char>(text_[position - 1]), lines);
+  FindNamesEndingAt(position, ending, kEndingAlone, lines);
 }
 
-void SectionFinder::FindNamesEndingAt(std::size_t position, std::string_view ending, std::size_t group) {
+void SectionFinder::FindNamesEndingAt(std::size_t position, std::string_view ending, std::size_t group,
+                                      std::size_t lines) {
   const std::size_t end = position + ending.size();
   for (std::size_t at = groupStarts_[group]; at < groupStarts_[group + 1]; ++at) {
     const std::size_t n = groupOrder_[at];
     const std::string_view name = names_[n];
     if (matchStarts_[n] != kNone || name.size() > end) continue;
     const std::size_t start = end - name.size();
-    if (std::memcmp(text_.data() + start, name.data(), name.size() - ending.size()) != 0) continue;
+    if (text_[start] != name.front() ||
+        std::memcmp(text_.data() + start, name.data(), name.size() - ending.size()) != 0) {
+      continue;
+    }
     // A name holds no line feed, so it stands within one line, whose start is known by
     // now; the chunks of a line begin every kChunkSize characters of it. Ranges serve
     // only files whose lines are chunks.
@@ -518,6 +618,7 @@ void SectionFinder::FindNamesEndingAt(std::size_t position, std::string_view end
       if ((start - lineStart) / kChunkSize != (end - 1 - lineStart) / kChunkSize) continue;
     }
     matchStarts_[n] = start;
+    if (ranges_) matchLines_[n] = lines;
     --missing_;
   }
 }

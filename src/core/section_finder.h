@@ -36,13 +36,12 @@ inline bool IsStoredLine(std::string_view line) {
 }
 
 // Where one section's lines lie in the text: the lines from `begin` up to `end`, every
-// one of them ended by a line feed except perhaps a last one, which is no line; `stored`
-// of them pass the comment rule (IsStoredLine). A section that was not found has no
-// lines.
+// one of them ended by a line feed except perhaps a last one, which is no line; `lines`
+// of them a line feed ends. A section that was not found has no lines.
 struct SectionRange {
   std::size_t begin = 0;
   std::size_t end = 0;
-  std::size_t stored = 0;
+  std::size_t lines = 0;
 };
 
 // Calls visit(offset, line) for each line of text[begin, end) that a line feed ends:
@@ -64,9 +63,15 @@ class SectionFinder {
   // store that cuts the lines when they are first read).
   enum class Yield { kLines, kRanges };
 
-  // `text` must outlive the finder.
+  // `text` must outlive the finder. A name is read up to its first NUL, as the
+  // reading loop holds it as a C string.
   SectionFinder(std::string_view text, const std::vector<std::string>& sections,
                 ScanWidth width = ScanWidth::kWidest, Yield yield = Yield::kLines);
+  // The same for names that someone else keeps for as long as the finder lives.
+  static SectionFinder OverViews(std::string_view text, const std::vector<std::string_view>& sections,
+                                 ScanWidth width = ScanWidth::kWidest, Yield yield = Yield::kLines) {
+    return SectionFinder(text, sections, width, yield, 0);
+  }
 
   // Whether this processor can look at the bytes in that way.
   static bool Supports(ScanWidth width);
@@ -79,6 +84,11 @@ class SectionFinder {
   std::size_t LineCount() const { return lineCount_; }
   // Where section i lies; its lines are those ForEachLineBetween gives. (Ranges only.)
   SectionRange Range(std::size_t i) const;
+  // How many lines of a range the comment rule keeps (IsStoredLine). (Ranges only.)
+  std::size_t StoredLines(const SectionRange& range) const;
+  // Whether the comment rule keeps more than `limit` lines of a range: the lines are
+  // looked at only until that is known. (Ranges only.)
+  bool MoreStoredLinesThan(const SectionRange& range, std::size_t limit) const;
 
   // Calls visit(offset, length) for each line of section i's text that a line feed
   // ends, in order: `length` bytes of the text from `offset`, without the line feed and
@@ -96,14 +106,24 @@ class SectionFinder {
     std::size_t Length() const { return contentEnd - start + (fed ? 1 : 0); }
   };
 
+  SectionFinder(std::string_view text, const std::vector<std::string_view>& sections, ScanWidth width,
+                Yield yield, int);
+  void Find(const std::vector<std::string_view>& sections, ScanWidth width);
+
   template <typename Scanner>
   void Scan(std::string_view ending, Scanner scanPage);
   void ScanRanges(std::string_view ending, bool vector);
-  // Stored lines that begin ahead of `position`.
-  std::size_t StoredBefore(std::size_t position) const;
+  // Takes what the block of 64 bytes at `base`, with `lines` line feeds ahead of it,
+  // holds for the ranges.
+  void TakeRangeHit(std::size_t base, std::size_t lines, std::string_view ending);
+  // Counts the lines of a range that the comment rule keeps and drops, until more than
+  // `keptLimit` are kept or `droppedLimit` are dropped.
+  void CountStored(const SectionRange& range, std::size_t keptLimit, std::size_t droppedLimit, std::size_t& kept,
+                   std::size_t& dropped) const;
   void GroupNames(std::string_view ending);
-  void EndingAt(std::size_t position, std::string_view ending);
-  void FindNamesEndingAt(std::size_t position, std::string_view ending, std::size_t group);
+  // `lines`: the line feeds ahead of `position` (ranges only).
+  void EndingAt(std::size_t position, std::string_view ending, std::size_t lines);
+  void FindNamesEndingAt(std::size_t position, std::string_view ending, std::size_t group, std::size_t lines);
   std::size_t LineOf(std::size_t position) const;
   TextLine Line(std::size_t index) const {
     TextLine line;
@@ -138,13 +158,18 @@ class SectionFinder {
   std::vector<std::size_t> matchStarts_;  // where name i first stands in one chunk, or npos
   std::size_t missing_ = 0;               // names not found yet
 
-  // Ranges: for each block of 64 bytes, a bit for each place where a stored line
-  // begins, and the count of such places ahead of the block; the places where a line
-  // begins with "[", in order.
+  // Ranges: where each name first stands, the line feeds ahead of it; each place where
+  // a line begins with "[", in order, with the line feeds ahead of it; the line feeds of
+  // the whole text.
+  struct Place {
+    std::size_t position;
+    std::size_t lines;
+  };
   bool ranges_ = false;
-  std::unique_ptr<std::uint64_t[]> storedStarts_;
-  std::unique_ptr<std::uint32_t[]> storedBefore_;
-  std::vector<std::size_t> bracketStarts_;
+  bool vector_ = false;
+  std::vector<std::size_t> matchLines_;
+  std::vector<Place> bracketStarts_;
+  std::size_t totalLines_ = 0;
 };
 
 template <typename Visit>

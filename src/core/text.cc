@@ -8,6 +8,7 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <fstream>
 #include <locale.h>
 #include <fcntl.h>
@@ -587,6 +588,56 @@ bool ReadWholeFile(const std::string& path, std::string& content) {
     }
     content.append(more, static_cast<std::size_t>(got));
     size = content.size();
+  }
+  ::close(fd);
+  return read;
+}
+
+TextBuffer& TextBuffer::operator=(const TextBuffer& other) {
+  if (this != &other) {
+    Clear();
+    Append(other.View());
+  }
+  return *this;
+}
+
+void TextBuffer::Reserve(std::size_t capacity) {
+  if (capacity <= capacity_) return;
+  std::unique_ptr<char[]> larger(new char[capacity]);
+  if (size_ > 0) std::memcpy(larger.get(), bytes_.get(), size_);
+  bytes_ = std::move(larger);
+  capacity_ = capacity;
+}
+
+void TextBuffer::Append(std::string_view text) {
+  if (text.empty()) return;
+  if (text.size() > capacity_ - size_) Reserve(std::max(size_ + text.size(), 2 * capacity_));
+  std::memcpy(bytes_.get() + size_, text.data(), text.size());
+  size_ += text.size();
+}
+
+bool ReadWholeFile(const std::string& path, TextBuffer& content) {
+  std::size_t size = 0;
+  int fd = OpenRegularFile(path, size);
+  if (fd < 0) return false;
+  content.Clear();
+  // One byte more than the file holds is asked for, so that a file that did not grow
+  // since its size was taken is read whole by a single read.
+  std::size_t room = size + 1;
+  content.Reserve(room);
+  bool read = true;
+  while (true) {
+    ssize_t got = ::read(fd, content.bytes_.get() + content.size_, room - content.size_);
+    if (got < 0 && errno == EINTR) continue;
+    if (got <= 0) {
+      read = got == 0;
+      break;
+    }
+    content.size_ += static_cast<std::size_t>(got);
+    // A read of a regular file that gives less than it was asked for has met the end.
+    if (content.size_ < room) break;
+    room = 2 * room;
+    content.Reserve(room);
   }
   ::close(fd);
   return read;

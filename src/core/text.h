@@ -2,6 +2,7 @@
 #define TESSARA_CORE_TEXT_H_
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -101,10 +102,49 @@ std::string RemoveBlanks(std::string_view text);
 std::string ReadNextToken(std::string& text);
 std::string FirstPathFolder(std::string_view text);
 
+// A text held in one block of memory that is not filled before it is written: a group
+// load reads its whole data file into one and keeps it as long as the catalogue, and a
+// std::string would first zero every byte that the read then writes. Copies are deep.
+class TextBuffer {
+ public:
+  TextBuffer() = default;
+  explicit TextBuffer(std::string_view text) { Append(text); }
+  TextBuffer(const TextBuffer& other) { Append(other.View()); }
+  TextBuffer& operator=(const TextBuffer& other);
+  TextBuffer(TextBuffer&& other) noexcept { Swap(other); }
+  TextBuffer& operator=(TextBuffer&& other) noexcept {
+    TextBuffer taken(std::move(other));
+    Swap(taken);
+    return *this;
+  }
+
+  std::string_view View() const { return {bytes_.get(), size_}; }
+  std::size_t size() const { return size_; }
+  bool empty() const { return size_ == 0; }
+  void Append(std::string_view text);
+  void Clear() { size_ = 0; }
+
+ private:
+  friend bool ReadWholeFile(const std::string& path, TextBuffer& content);
+  // Makes room for at least `capacity` bytes, keeping what is held.
+  void Reserve(std::size_t capacity);
+  void Swap(TextBuffer& other) noexcept {
+    std::swap(bytes_, other.bytes_);
+    std::swap(size_, other.size_);
+    std::swap(capacity_, other.capacity_);
+  }
+
+  std::unique_ptr<char[]> bytes_;
+  std::size_t size_ = 0;
+  std::size_t capacity_ = 0;
+};
+
 bool FileExists(const std::string& path);
 bool FolderWritable(const std::string& path);
 // Reads a whole file as bytes; false when it cannot be opened or is not a regular file.
 bool ReadWholeFile(const std::string& path, std::string& content);
+// The same into a buffer, which then holds the file alone.
+bool ReadWholeFile(const std::string& path, TextBuffer& content);
 // Reads at most `limit` bytes from the start of a file; `whole` tells whether that was
 // all of it. False as for ReadWholeFile.
 bool ReadFileStart(const std::string& path, std::size_t limit, std::string& content, bool& whole);

@@ -157,20 +157,39 @@ void LoadGroupTables(Host& host, DeviceDatabase& database, int slot, const std::
   if (entry.TablesLoaded()) return;
   // This stage reads the group's file from "IO Files" alone.
   const std::string path = JoinPath(JoinPath(ModuleFolder(), kIoFolder), fileName);
-  std::string fileText;
-  bool readable = ReadWholeFile(path, fileText);
-  IniText file(std::move(fileText));
-  ReadNumberedKeys(file, "Configuration_" + entry.Group, "Configuration_", kMaxConfigurations,
-                   entry.Configuration);
-  ReadNumberedKeys(file, "ResourceID_" + entry.Group, "ResourceID_", kMaxConfigurations,
-                   entry.ResourceID);
-
-  std::vector<std::string> sections;
-  for (int k = 1; k <= kMaxConfigurations && !entry.Configuration[static_cast<std::size_t>(k)].empty(); ++k) {
-    sections.push_back(entry.Configuration[static_cast<std::size_t>(k)] + "_" + entry.Group);
+  TextBuffer fileText;
+  const bool readable = ReadWholeFile(path, fileText);
+  {
+    IniText file = IniText::Viewing(fileText.View());
+    ReadNumberedKeys(file, "Configuration_" + entry.Group, "Configuration_", kMaxConfigurations,
+                     entry.Configuration);
+    ReadNumberedKeys(file, "ResourceID_" + entry.Group, "ResourceID_", kMaxConfigurations, entry.ResourceID);
   }
+
+  // The section names, "<configuration>_<group>", side by side in one text.
+  std::size_t configurations = 0;
+  std::size_t nameBytes = 0;
+  while (configurations < static_cast<std::size_t>(kMaxConfigurations) &&
+         !entry.Configuration[configurations + 1].empty()) {
+    nameBytes += entry.Configuration[++configurations].size() + 1 + entry.Group.size();
+  }
+  std::string nameText;
+  nameText.reserve(nameBytes);
+  for (std::size_t k = 1; k <= configurations; ++k) {
+    nameText.append(entry.Configuration[k]).append(1, '_').append(entry.Group);
+  }
+  std::vector<std::string_view> names;
+  names.reserve(configurations);
+  for (std::size_t k = 1, at = 0; k <= configurations; ++k) {
+    const std::size_t length = entry.Configuration[k].size() + 1 + entry.Group.size();
+    names.push_back(std::string_view(nameText).substr(at, length));
+    at += length;
+  }
+  auto sectionNames = [&names] { return std::vector<std::string>(names.begin(), names.end()); };
+
   if (!readable) {
     // Each section is read by the file's path, which shows the file's message.
+    const std::vector<std::string> sections = sectionNames();
     for (std::size_t i = 0; i < sections.size(); ++i) {
       std::string text;
       if (ReadSectionText(host, sections[i], text, path) != 0) continue;
@@ -178,30 +197,25 @@ void LoadGroupTables(Host& host, DeviceDatabase& database, int slot, const std::
     }
     return;
   }
-  if (sections.empty()) return;
+  if (names.empty()) return;
   // The file read once is the store of the group's lines: every section is found in it
   // by the substring rule a fresh read of the file would apply, and its lines are kept
   // as places in it.
-  const std::size_t base = entry.SectionLines.AdoptText(std::move(file).TakeText());
+  const std::size_t base = entry.SectionLines.AdoptText(std::move(fileText));
   const std::string_view text = entry.SectionLines.Text().substr(base);
   // Where the text allows, each section is only placed, and its lines are cut when a
   // panel first reads them; a section with more lines than a row takes is cut now, so
-  // that its messages come with the load.
-  const SectionFinder ranges(text, sections, ScanWidth::kWidest, SectionFinder::Yield::kRanges);
+  // that its messages come with the load. Only a section with more lines than that has
+  // its stored lines counted, and only until it is known whether they are too many.
+  const SectionFinder ranges =
+      SectionFinder::OverViews(text, names, ScanWidth::kWidest, SectionFinder::Yield::kRanges);
   if (ranges.Applies()) {
-    std::vector<SectionRange> placed(sections.size());
-    std::size_t room = 0;
-    for (std::size_t i = 0; i < sections.size(); ++i) {
-      placed[i] = ranges.Range(i);
-      room += placed[i].stored;
-    }
-    entry.SectionLines.ReserveLines(room);
-    for (std::size_t i = 0; i < sections.size(); ++i) {
+    for (std::size_t i = 0; i < names.size(); ++i) {
       const int k = static_cast<int>(i) + 1;
-      const SectionRange& range = placed[i];
-      if (range.stored <= static_cast<std::size_t>(kMaxSectionLines)) {
+      const SectionRange range = ranges.Range(i);
+      if (!ranges.MoreStoredLinesThan(range, static_cast<std::size_t>(kMaxSectionLines))) {
         entry.SectionLines.AddPendingRow(static_cast<std::size_t>(k), base + range.begin, base + range.end,
-                                         range.stored);
+                                         range.lines);
         continue;
       }
       SectionLineKeeper keeper(host, entry, slot, k);
@@ -210,10 +224,10 @@ void LoadGroupTables(Host& host, DeviceDatabase& database, int slot, const std::
     }
     return;
   }
-  const SectionFinder finder(text, sections);
+  const SectionFinder finder = SectionFinder::OverViews(text, names);
   // No section holds more lines than the file.
   entry.SectionLines.ReserveLines(finder.LineCount());
-  for (std::size_t i = 0; finder.Applies() && i < sections.size(); ++i) {
+  for (std::size_t i = 0; finder.Applies() && i < names.size(); ++i) {
     SectionLineKeeper keeper(host, entry, slot, static_cast<int>(i) + 1);
     finder.ForEachLine(i, [&](std::size_t offset, std::size_t length) {
       keeper.Offer(text.substr(offset, length), base + offset);
@@ -222,7 +236,7 @@ void LoadGroupTables(Host& host, DeviceDatabase& database, int slot, const std::
   if (!finder.Applies()) {
     // A text the one-pass search does not serve is cut into chunks; each section's text
     // is then kept behind the file's.
-    std::vector<std::string> texts = ChunkedText(text).ReadSections(sections);
+    std::vector<std::string> texts = ChunkedText(text).ReadSections(sectionNames());
     for (std::size_t i = 0; i < texts.size(); ++i) {
       StoreSectionLines(host, entry, slot, static_cast<int>(i) + 1, texts[i]);
     }

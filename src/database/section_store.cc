@@ -1,18 +1,44 @@
 #include "database/section_store.h"
 
+#include <algorithm>
+
 #include "core/section_finder.h"
 
 namespace tessara {
 
-std::size_t SectionStore::AdoptText(std::string text) {
-  if (!text_.empty()) return AppendText(text);
+SectionStore::SectionStore(const SectionStore& other) { *this = other; }
+
+SectionStore& SectionStore::operator=(const SectionStore& other) {
+  if (this == &other) return *this;
+  text_ = other.text_;
+  spans_ = other.spans_;
+  for (std::size_t k = 0; k < kRows; ++k) {
+    const RowSpans& theirs = other.rows_[k];
+    RowSpans& mine = rows_[k];
+    mine.first = theirs.first;
+    mine.count = theirs.count;
+    mine.pending = theirs.pending;
+    mine.pendingBegin = theirs.pendingBegin;
+    mine.pendingEnd = theirs.pendingEnd;
+    mine.room = theirs.room;
+    mine.own.reset();
+    if (theirs.own) {
+      mine.own = std::make_unique_for_overwrite<Span[]>(theirs.count);
+      std::copy(theirs.own.get(), theirs.own.get() + theirs.count, mine.own.get());
+    }
+  }
+  return *this;
+}
+
+std::size_t SectionStore::AdoptText(TextBuffer&& text) {
+  if (!text_.empty()) return AppendText(text.View());
   text_ = std::move(text);
   return 0;
 }
 
 std::size_t SectionStore::AppendText(std::string_view text) {
   std::size_t offset = text_.size();
-  text_.append(text);
+  text_.Append(text);
   return offset;
 }
 
@@ -22,8 +48,9 @@ SectionStore::RowWriter::RowWriter(SectionStore& store, std::size_t k)
   RowSpans& row = store_.rows_[k];
   if (row.pending) store_.Cut(row);
   if (row.count == 0) {
+    row.own.reset();
     row.first = store_.spans_.size();
-  } else if (row.first + row.count != store_.spans_.size()) {
+  } else if (row.own || row.first + row.count != store_.spans_.size()) {
     store_.MoveRowToEnd(row);
   }
 }
@@ -34,28 +61,36 @@ SectionStore::RowWriter::~RowWriter() {
 
 void SectionStore::MoveRowToEnd(RowSpans& row) {
   std::size_t moved = spans_.size();
-  for (std::size_t i = 0; i < row.count; ++i) spans_.push_back(spans_[row.first + i]);
+  if (row.own) {
+    spans_.insert(spans_.end(), row.own.get(), row.own.get() + row.count);
+    row.own.reset();
+  } else {
+    for (std::size_t i = 0; i < row.count; ++i) spans_.push_back(spans_[row.first + i]);
+  }
   row.first = moved;
 }
 
-void SectionStore::AddPendingRow(std::size_t k, std::size_t begin, std::size_t end, std::size_t stored) {
-  if (k >= kRows || begin > end || end > text_.size() || stored > end - begin) return;
+void SectionStore::AddPendingRow(std::size_t k, std::size_t begin, std::size_t end, std::size_t room) {
+  if (k >= kRows || begin > end || end > text_.size()) return;
   RowSpans& row = rows_[k];
   row = RowSpans();
-  row.first = spans_.size();
-  row.count = stored;
   row.pending = true;
   row.pendingBegin = begin;
   row.pendingEnd = end;
-  spans_.resize(spans_.size() + stored);
+  // No more lines begin in the range than it has bytes.
+  row.room = std::min(room, end - begin);
 }
 
 void SectionStore::Cut(RowSpans& row) const {
   row.pending = false;
+  row.count = 0;
+  if (row.room == 0) return;
+  row.own = std::make_unique_for_overwrite<Span[]>(row.room);
   std::size_t cut = 0;
-  ForEachLineBetween(text_, row.pendingBegin, row.pendingEnd, [&](std::size_t offset, std::string_view line) {
-    if (!IsStoredLine(line) || cut == row.count) return;
-    spans_[row.first + cut++] = {offset, line.size()};
+  Span* room = row.own.get();
+  ForEachLineBetween(text_.View(), row.pendingBegin, row.pendingEnd, [&](std::size_t offset, std::string_view line) {
+    if (!IsStoredLine(line) || cut == row.room) return;
+    room[cut++] = {offset, line.size()};
   });
   row.count = cut;
 }
@@ -68,8 +103,8 @@ void SectionStore::Assign(std::size_t k, const std::vector<std::string>& lines) 
 
 SectionStore::Row SectionStore::operator[](std::size_t k) const {
   if (k < kRows && rows_[k].pending) Cut(rows_[k]);
-  if (k >= kRows || rows_[k].count == 0) return Row(text_, nullptr, 0);
-  return Row(text_, spans_.data() + rows_[k].first, rows_[k].count);
+  if (k >= kRows || rows_[k].count == 0) return Row(Text(), nullptr, 0);
+  return Row(Text(), LinesOf(rows_[k]), rows_[k].count);
 }
 
 bool SectionStore::operator==(const SectionStore& other) const {

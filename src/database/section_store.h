@@ -4,9 +4,12 @@
 #include <array>
 #include <cstddef>
 #include <iterator>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "core/text.h"
 
 namespace tessara {
 
@@ -16,9 +19,10 @@ namespace tessara {
 // long as the catalogue does. Copying a store copies its buffer, so a copy's lines are
 // its own.
 class SectionStore {
+  // Left unset where it is made: a row's room is written before it is read.
   struct Span {
-    std::size_t offset = 0;
-    std::size_t length = 0;
+    std::size_t offset;
+    std::size_t length;
   };
 
  public:
@@ -71,12 +75,18 @@ class SectionStore {
     std::size_t count_;
   };
 
+  SectionStore() = default;
+  SectionStore(const SectionStore& other);
+  SectionStore& operator=(const SectionStore& other);
+  SectionStore(SectionStore&&) noexcept = default;
+  SectionStore& operator=(SectionStore&&) noexcept = default;
+
   // Takes `text` into the buffer without copying it when the buffer is empty. Returns
   // the offset the text starts at, for the lines that point into it.
-  std::size_t AdoptText(std::string text);
+  std::size_t AdoptText(TextBuffer&& text);
   // Appends `text` behind the buffer and returns the offset it starts at.
   std::size_t AppendText(std::string_view text);
-  std::string_view Text() const { return text_; }
+  std::string_view Text() const { return text_.View(); }
 
   // Room for this many lines in all rows together.
   void ReserveLines(std::size_t lines) { spans_.reserve(lines); }
@@ -104,10 +114,10 @@ class SectionStore {
   };
 
   // Row k is to hold the lines of the buffer from `begin` up to `end` that the comment
-  // rule keeps, `stored` of them; they are cut when the row is first read. Their room
-  // is made now, so that cutting them moves no other row's lines: a view of another
-  // row stays valid.
-  void AddPendingRow(std::size_t k, std::size_t begin, std::size_t end, std::size_t stored);
+  // rule keeps, at most `room` of them; they are cut when the row is first read, into
+  // room of the row's own, so that cutting them moves no other row's lines: a view of
+  // another row stays valid.
+  void AddPendingRow(std::size_t k, std::size_t begin, std::size_t end, std::size_t room);
 
   // Row k holds copies of `lines`, and nothing else.
   void Assign(std::size_t k, const std::vector<std::string>& lines);
@@ -120,21 +130,27 @@ class SectionStore {
 
  private:
   struct RowSpans {
-    std::size_t first = 0;  // index of the row's first line in spans_
+    std::size_t first = 0;  // index of the row's first line in spans_, without own lines
     std::size_t count = 0;
-    // Lines not cut yet: those of the buffer from pendingBegin up to pendingEnd.
+    // The lines of a row cut from a pending range, in room of their own.
+    std::unique_ptr<Span[]> own;
+    // Lines not cut yet: at most `room` of those of the buffer from pendingBegin up to
+    // pendingEnd.
     bool pending = false;
     std::size_t pendingBegin = 0;
     std::size_t pendingEnd = 0;
+    std::size_t room = 0;
   };
-  // Cuts a pending row's lines into its room.
+  const Span* LinesOf(const RowSpans& row) const { return row.own ? row.own.get() : spans_.data() + row.first; }
+  // Cuts a pending row's lines into its own room.
   void Cut(RowSpans& row) const;
 
-  // A row's lines lie side by side in spans_. Lines are normally added row after row; a
-  // row that grows after another one was added to moves behind it first.
+  // A row's lines lie side by side in spans_ (or in its own room). Lines are normally
+  // added row after row; a row that grows after another one was added to, or that has
+  // room of its own, moves behind the last one first.
   void MoveRowToEnd(RowSpans& row);
 
-  std::string text_;
+  TextBuffer text_;
   // Cutting a pending row when it is read fills its room and marks it cut: what the
   // store holds does not change. (The catalogue is read by one thread only.)
   mutable std::vector<Span> spans_;

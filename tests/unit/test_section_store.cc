@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -16,7 +17,7 @@ std::vector<std::string> LinesOf(const SectionStore& store, std::size_t k) {
 
 TEST(SectionStore, LinesArePlacesInTheAdoptedText) {
   SectionStore store;
-  EXPECT_EQ(store.AdoptText("x=1\ny=2\n"), 0u);
+  EXPECT_EQ(store.AdoptText(TextBuffer("x=1\ny=2\n")), 0u);
   store.AddLine(3, 4, 3);
   store.AddLine(3, 0, 3);
   EXPECT_EQ(LinesOf(store, 3), (std::vector<std::string>{"y=2", "x=1"}));
@@ -42,7 +43,7 @@ TEST(SectionStore, RowsGrowInAnyOrderWithoutMixing) {
 
 TEST(SectionStore, PendingRowsAreCutWhenFirstRead) {
   SectionStore store;
-  store.AdoptText("[S]\nx=1\n//c\n\r\ny=2\r\nz\n[T]\n");
+  store.AdoptText(TextBuffer("[S]\nx=1\n//c\n\r\ny=2\r\nz\n[T]\n"));
   store.Assign(1, {"other"});
   store.AddPendingRow(2, 4, 21, 3);
   const SectionStore::Row other = store[1];
@@ -52,7 +53,7 @@ TEST(SectionStore, PendingRowsAreCutWhenFirstRead) {
   EXPECT_EQ(other[0], "other");
   // A copy made before the cut cuts its own lines; both compare alike.
   SectionStore pending;
-  pending.AdoptText("[S]\nx=1\n//c\n\r\ny=2\r\nz\n[T]\n");
+  pending.AdoptText(TextBuffer("[S]\nx=1\n//c\n\r\ny=2\r\nz\n[T]\n"));
   pending.Assign(1, {"other"});
   pending.AddPendingRow(2, 4, 21, 3);
   SectionStore copy = pending;
@@ -63,14 +64,36 @@ TEST(SectionStore, PendingRowsAreCutWhenFirstRead) {
   EXPECT_EQ(LinesOf(pending, 2), (std::vector<std::string>{"x=1", "y=2", "z", "x"}));
 }
 
-TEST(SectionStore, APendingRowTakesNoMoreThanItsCount) {
+TEST(SectionStore, APendingRowTakesNoMoreThanItsRoom) {
   SectionStore store;
-  store.AdoptText("a\nb\nc\n");
+  store.AdoptText(TextBuffer("a\nb\nc\n//d\n"));
   store.AddPendingRow(1, 0, 6, 2);
   EXPECT_EQ(LinesOf(store, 1), (std::vector<std::string>{"a", "b"}));
+  // Room for every line of the range, comments too, holds just the stored ones.
+  store.AddPendingRow(3, 0, 10, 4);
+  EXPECT_EQ(LinesOf(store, 3), (std::vector<std::string>{"a", "b", "c"}));
   // A place outside the text is refused.
   store.AddPendingRow(2, 0, 99, 1);
   EXPECT_TRUE(store[2].empty());
+}
+
+TEST(SectionStore, ACopyOfCutRowsOutlivesTheOriginal) {
+  auto store = std::make_unique<SectionStore>();
+  store->AdoptText(TextBuffer("x=1\n//c\ny=2\n"));
+  store->AddPendingRow(1, 0, 12, 3);
+  ASSERT_EQ(store->Count(1), 2u);
+  SectionStore copy = *store;
+  SectionStore assigned;
+  assigned.Assign(1, {"old"});
+  assigned = *store;
+  store.reset();
+  EXPECT_EQ(LinesOf(copy, 1), (std::vector<std::string>{"x=1", "y=2"}));
+  EXPECT_EQ(LinesOf(assigned, 1), (std::vector<std::string>{"x=1", "y=2"}));
+  // A cut row that grows moves its lines behind the others and keeps them.
+  copy.Assign(2, {"z"});
+  copy.AddLine(1, 0, 3);
+  EXPECT_EQ(LinesOf(copy, 1), (std::vector<std::string>{"x=1", "y=2", "x=1"}));
+  EXPECT_EQ(LinesOf(copy, 2), (std::vector<std::string>{"z"}));
 }
 
 TEST(SectionStore, ACopyKeepsItsOwnLines) {
@@ -84,7 +107,7 @@ TEST(SectionStore, ACopyKeepsItsOwnLines) {
 
 TEST(SectionStore, StoresCompareByTheirLines) {
   SectionStore adopted;
-  adopted.AdoptText("pad a=1 b=2");
+  adopted.AdoptText(TextBuffer("pad a=1 b=2"));
   adopted.AddLine(1, 4, 3);
   adopted.AddLine(1, 8, 3);
   SectionStore assigned;
