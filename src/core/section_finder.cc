@@ -38,6 +38,22 @@ std::string_view CommonEnding(const std::vector<std::string_view>& names) {
   return first.substr(first.size() - common);
 }
 
+// Whether n bytes at a and b are the same: names are short, and a call to memcmp costs
+// more than comparing them eight bytes at a time in place.
+inline bool SameBytes(const char* a, const char* b, std::size_t n) {
+  for (; n >= 8; n -= 8, a += 8, b += 8) {
+    std::uint64_t x;
+    std::uint64_t y;
+    std::memcpy(&x, a, 8);
+    std::memcpy(&y, b, 8);
+    if (x != y) return false;
+  }
+  for (; n > 0; --n, ++a, ++b) {
+    if (*a != *b) return false;
+  }
+  return true;
+}
+
 // Whether a text holds a CR or a line feed.
 bool HoldsLineEnd(std::string_view text) {
   bool lineEnd = false;
@@ -182,15 +198,16 @@ __attribute__((target("avx512bw,popcnt,bmi"))) void ScanPageVector64(const Page&
 constexpr std::size_t kWindowBlocks = 15;
 constexpr std::size_t kWindow = kWindowBlocks * kBlock;
 static_assert(2 * kWindow - 1 < kChunkSize - 2);
+// The ranges look at pages of whole windows.
+constexpr std::size_t kRangePageBlocks = 4 * kWindowBlocks;
 
 // What scanning a page for the ranges gives and carries on to the next page: the
-// blocks that hold the start of a "[" line or a place of the ending, each with the line
-// feeds ahead of it (block | lines << 32), the line feeds ahead, whether a line begins at
-// the next page's first byte, and the window the next page goes on with.
+// blocks that hold a "[" or a place of the ending, each with the line feeds ahead of it
+// (block | lines << 32), the line feeds ahead, and the window the next page goes on
+// with.
 struct RangeMarks {
   std::uint64_t* hits;
   std::size_t hitCount = 0;
-  std::uint64_t carry = 1;
   std::uint32_t lines = 0;
   std::size_t windowBlocks = 0;  // blocks of the current window already looked at
   std::uint32_t windowLines = 0; // line feeds ahead of the current window
@@ -220,49 +237,70 @@ __attribute__((target("avx512bw,popcnt,bmi"))) inline BlockMarks MarkBlock(const
   return marks;
 }
 
-// Counts the line feeds of each block and lists the blocks where a line begins with
-// "[" or the ending may stand: they are few, so a branch to list them is cheaper than a
-// store for every block. A window whose line feeds do not grow marks a long line.
+// The ranges' look at one block: its line feeds are counted, and the block is listed
+// when it holds a "[" or the ending may stand there. Such blocks are few, so a branch to
+// list them is cheaper than a store for every block; whether the "[" begins a line is
+// told when the block is taken.
+struct RangeBlockScan {
+  __m512i feed;
+  __m512i bracket;
+  __m512i first;
+  __m512i last;
+  __m512i least;
+  std::uint64_t* hits;
+  std::size_t hitCount;
+  std::uint32_t lines;
+};
+
+__attribute__((target("avx512bw,popcnt,bmi"), always_inline)) inline void ScanRangeBlock(RangeBlockScan& scan,
+                                                                                        const char* data,
+                                                                                        std::size_t tail,
+                                                                                        std::size_t b) {
+  const __m512i bytes = _mm512_loadu_si512(data);
+  const __m512i behind = _mm512_loadu_si512(data + tail);
+  scan.least = _mm512_min_epu8(scan.least, bytes);
+  const std::uint64_t feeds = _mm512_cmpeq_epi8_mask(bytes, scan.feed);
+  const std::uint64_t brackets = _mm512_cmpeq_epi8_mask(bytes, scan.bracket);
+  const std::uint64_t ends = _mm512_mask_cmpeq_epi8_mask(_mm512_cmpeq_epi8_mask(bytes, scan.first), behind, scan.last);
+  if (__builtin_expect((brackets | ends) != 0, 0)) {
+    scan.hits[scan.hitCount++] = b | static_cast<std::uint64_t>(scan.lines) << 32;
+  }
+  scan.lines += static_cast<std::uint32_t>(__builtin_popcountll(feeds));
+}
+
+// Scans a page of blocks for the ranges. A window whose line feeds do not grow marks a
+// long line; a page of whole windows that begins with one is looked at window by window.
 __attribute__((target("avx512bw,popcnt,bmi"))) void ScanRangePageVector64(const Page& page, RangeMarks& marks) {
-  const __m512i feed = _mm512_set1_epi8('\n');
-  const __m512i bracket = _mm512_set1_epi8('[');
-  const __m512i first = _mm512_set1_epi8(page.first);
-  const __m512i last = _mm512_set1_epi8(page.last);
-  __m512i least = _mm512_set1_epi8(-1);
-  std::uint64_t* const hits = marks.hits;
+  RangeBlockScan scan{_mm512_set1_epi8('\n'), _mm512_set1_epi8('['), _mm512_set1_epi8(page.first),
+                      _mm512_set1_epi8(page.last), _mm512_set1_epi8(-1), marks.hits, 0, marks.lines};
   const std::size_t blocks = page.blocks;
   const std::size_t tail = page.tail;
-  std::size_t hitCount = 0;
-  std::uint64_t carry = marks.carry;
-  std::uint32_t lines = marks.lines;
   std::size_t windowBlocks = marks.windowBlocks;
   std::uint32_t windowLines = marks.windowLines;
   bool longLine = marks.longLine;
   const char* data = page.data;
-  for (std::size_t b = 0; b < blocks; ++b, data += kBlock) {
-    const __m512i bytes = _mm512_loadu_si512(data);
-    const __m512i behind = _mm512_loadu_si512(data + tail);
-    least = _mm512_min_epu8(least, bytes);
-    const std::uint64_t feeds = _mm512_cmpeq_epi8_mask(bytes, feed);
-    const std::uint64_t starts = (feeds << 1) | carry;
-    carry = feeds >> 63;
-    const std::uint64_t opens = _mm512_mask_cmpeq_epi8_mask(starts, bytes, bracket);
-    const std::uint64_t ends = _mm512_mask_cmpeq_epi8_mask(_mm512_cmpeq_epi8_mask(bytes, first), behind, last);
-    if (__builtin_expect((opens | ends) != 0, 0)) hits[hitCount++] = b | static_cast<std::uint64_t>(lines) << 32;
-    lines += static_cast<std::uint32_t>(__builtin_popcountll(feeds));
+  std::size_t b = 0;
+  if (windowBlocks == 0) {
+    for (; b + kWindowBlocks <= blocks; data += kWindow) {
+      for (std::size_t w = 0; w < kWindowBlocks; ++w, ++b) ScanRangeBlock(scan, data + w * kBlock, tail, b);
+      longLine = longLine || scan.lines == windowLines;
+      windowLines = scan.lines;
+    }
+  }
+  for (; b < blocks; ++b, data += kBlock) {
+    ScanRangeBlock(scan, data, tail, b);
     if (++windowBlocks == kWindowBlocks) {
-      longLine = longLine || lines == windowLines;
-      windowLines = lines;
+      longLine = longLine || scan.lines == windowLines;
+      windowLines = scan.lines;
       windowBlocks = 0;
     }
   }
-  marks.hitCount = hitCount;
-  marks.carry = carry;
-  marks.lines = lines;
+  marks.hitCount = scan.hitCount;
+  marks.lines = scan.lines;
   marks.windowBlocks = windowBlocks;
   marks.windowLines = windowLines;
   marks.longLine = longLine;
-  marks.nul = marks.nul || _mm512_cmpeq_epi8_mask(least, _mm512_setzero_si512()) != 0;
+  marks.nul = marks.nul || _mm512_cmpeq_epi8_mask(scan.least, _mm512_setzero_si512()) != 0;
 }
 
 // Counts the lines of text[begin, end) that the comment rule keeps and those it drops,
@@ -464,12 +502,14 @@ void SectionFinder::ScanRanges(std::string_view ending, bool vector) {
   const std::size_t size = text_.size();
   const std::size_t tail = ending.size() - 1;
   bracketStarts_.clear();
-  std::uint64_t hits[kPageBlocks + 1];
+  // Mostly one "[" line per section, and a few more.
+  bracketStarts_.reserve(2 * names_.size() + 16);
+  std::uint64_t hits[kRangePageBlocks];
   RangeMarks marks{hits};
   std::size_t i = 0;
 #if defined(TESSARA_SCAN_X86)
   while (vector && i + kBlock + tail <= size) {
-    const Page page{data + i, i, std::min(kPageBlocks, (size - tail - i) / kBlock), tail, ending.front(),
+    const Page page{data + i, i, std::min(kRangePageBlocks, (size - tail - i) / kBlock), tail, ending.front(),
                     ending.back()};
     ScanRangePageVector64(page, marks);
     for (std::size_t h = 0; h < marks.hitCount; ++h) {
@@ -591,7 +631,7 @@ void SectionFinder::MakeLineRoom(std::size_t room) {
 // The ending may stand at `position`: every name not yet found that ends there is
 // found, when it lies within one chunk of its line.
 void SectionFinder::EndingAt(std::size_t position, std::string_view ending, std::size_t lines) {
-  if (std::memcmp(text_.data() + position, ending.data(), ending.size()) != 0) return;
+  if (!SameBytes(text_.data() + position, ending.data(), ending.size())) return;
   // Only names with the byte that stands before the ending here, and a name that is the
   // ending alone, can end here.
   if (position > 0) FindNamesEndingAt(position, ending, static_cast<unsigned char>(text_[position - 1]), lines);
@@ -606,8 +646,7 @@ void SectionFinder::FindNamesEndingAt(std::size_t position, std::string_view end
     const std::string_view name = names_[n];
     if (matchStarts_[n] != kNone || name.size() > end) continue;
     const std::size_t start = end - name.size();
-    if (text_[start] != name.front() ||
-        std::memcmp(text_.data() + start, name.data(), name.size() - ending.size()) != 0) {
+    if (text_[start] != name.front() || !SameBytes(text_.data() + start, name.data(), name.size() - ending.size())) {
       continue;
     }
     // A name holds no line feed, so it stands within one line, whose start is known by
