@@ -51,6 +51,19 @@ std::size_t ReadFilesOnce(const std::vector<std::string>& paths) {
   return total;
 }
 
+double ClockReadingSeconds() {
+  static const double reading = [] {
+    constexpr int kReadings = 20000;
+    double total = 0;
+    for (int i = 0; i < kReadings; ++i) {
+      BenchClock::time_point start = BenchClock::now();
+      total += BenchClock::now() - start;
+    }
+    return total / kReadings;
+  }();
+  return reading;
+}
+
 double FloorSeconds(const std::vector<std::string>& paths) {
   return MeanSeconds([&paths] { return ReadFilesOnce(paths); });
 }

@@ -25,7 +25,16 @@ struct BenchClock {
   }
 };
 
-inline double SecondsSince(BenchClock::time_point start) { return BenchClock::now() - start; }
+// What a reading of the clock adds to a time taken around some work: reading a
+// thread's CPU time is a system call here, about a microsecond, which a time taken
+// around a short piece of work would count as that work's. Measured once.
+double ClockReadingSeconds();
+
+// The time since `start`, without what reading the clock added to it.
+inline double SecondsSince(BenchClock::time_point start) {
+  const double seconds = BenchClock::now() - start - ClockReadingSeconds();
+  return seconds > 0 ? seconds : 0;
+}
 
 // The full-size synthetic program folder, written once per process into a temporary
 // folder that is removed at exit.

@@ -61,6 +61,10 @@ class IniText {
   };
   struct Section {
     std::string_view name;   // trimmed
+    // The lines behind the header, up to the next header or the text's end.
+    std::size_t bodyBegin = 0;
+    std::size_t bodyEnd = 0;
+    bool read = false;    // entries holds the key lines of the body
     std::vector<Entry> entries;
     bool closed = false;  // by a following header
     bool hashed = false;  // the entries' keyHash and keyIndex are set
@@ -71,15 +75,16 @@ class IniText {
   static void HashKeys(Section& section);
   Section* Find(std::string_view name);
   // The first section of that name, scanning on from where the last search stopped.
-  // Reads the header at position_ and the key lines behind it, up to the next header.
+  // Places the section of the next header at or behind position_.
   void ScanNextSection();
+  std::size_t FindHeaderLine(std::size_t from) const;
+  void ReadEntries(Section& section) const;
 
   IniText(std::string_view text, int) : text_(text) {}
 
   std::string owned_;
   std::string_view text_;
   std::size_t position_ = 0;  // start of the first line not yet scanned
-  bool headerPending_ = false;  // the line at position_ is a header not yet scanned
   std::vector<Section> sections_;
 };
 

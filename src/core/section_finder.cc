@@ -14,6 +14,15 @@ namespace tessara {
 namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
+
+// The bits set in a mask: by the processor's own instruction where it has one, chosen
+// once when the program loads.
+#if defined(__x86_64__) && (defined(__GNUC__) || defined(__clang__))
+__attribute__((target_clones("popcnt", "default")))
+#endif
+std::size_t CountBits(std::uint64_t bits) {
+  return static_cast<std::size_t>(std::popcount(bits));
+}
 // Bytes are looked at in blocks of 64, one bit of a mask per byte, and blocks in pages.
 constexpr std::size_t kBlock = 64;
 constexpr std::size_t kPageBlocks = 64;
@@ -54,11 +63,14 @@ inline bool SameBytes(const char* a, const char* b, std::size_t n) {
   return true;
 }
 
-// Whether a text holds a CR or a line feed.
-bool HoldsLineEnd(std::string_view text) {
-  bool lineEnd = false;
-  for (char c : text) lineEnd |= (c == '\r') | (c == '\n');
-  return lineEnd;
+// Which bytes a name may not hold as it stands: a CR or a line feed, which no line
+// holds, and a NUL, which ends the name.
+constexpr unsigned kLineEndByte = 1;
+constexpr unsigned kNulByte = 2;
+unsigned OddBytes(std::string_view text) {
+  unsigned odd = 0;
+  for (char c : text) odd |= ((c == '\r') | (c == '\n')) * kLineEndByte | (c == '\0') * kNulByte;
+  return odd;
 }
 
 // One page of blocks to scan: `blocks` * 64 bytes at `data`, which is `base` bytes into
@@ -201,12 +213,21 @@ static_assert(2 * kWindow - 1 < kChunkSize - 2);
 // The ranges look at pages of whole windows.
 constexpr std::size_t kRangePageBlocks = 4 * kWindowBlocks;
 
+// A block that holds a "[" or a place of the ending: the page's block, the line feeds
+// ahead of it, and its marks of line feeds, "[" and places of the ending.
+struct RangeHit {
+  std::uint32_t block;
+  std::uint32_t lines;
+  std::uint64_t feeds;
+  std::uint64_t brackets;
+  std::uint64_t ends;
+};
+
 // What scanning a page for the ranges gives and carries on to the next page: the
-// blocks that hold a "[" or a place of the ending, each with the line feeds ahead of it
-// (block | lines << 32), the line feeds ahead, and the window the next page goes on
-// with.
+// blocks that hold a "[" or a place of the ending, the line feeds ahead, and the window
+// the next page goes on with.
 struct RangeMarks {
-  std::uint64_t* hits;
+  RangeHit* hits;
   std::size_t hitCount = 0;
   std::uint32_t lines = 0;
   std::size_t windowBlocks = 0;  // blocks of the current window already looked at
@@ -216,38 +237,17 @@ struct RangeMarks {
 };
 
 #if defined(TESSARA_SCAN_X86)
-// The marks of one block as ScanRangePageVector64 takes them: its line feeds, where
-// lines begin with "[" (`carry`: a line begins at its first byte), and the places of
-// the ending.
-struct BlockMarks {
-  std::uint64_t feeds;
-  std::uint64_t opens;
-  std::uint64_t ends;
-};
-
-__attribute__((target("avx512bw,popcnt,bmi"))) inline BlockMarks MarkBlock(const char* data, std::size_t tail,
-                                                                         std::uint64_t carry, char first, char last) {
-  const __m512i bytes = _mm512_loadu_si512(data);
-  const __m512i behind = _mm512_loadu_si512(data + tail);
-  BlockMarks marks;
-  marks.feeds = _mm512_cmpeq_epi8_mask(bytes, _mm512_set1_epi8('\n'));
-  marks.opens = _mm512_mask_cmpeq_epi8_mask((marks.feeds << 1) | carry, bytes, _mm512_set1_epi8('['));
-  marks.ends = _mm512_mask_cmpeq_epi8_mask(_mm512_cmpeq_epi8_mask(bytes, _mm512_set1_epi8(first)), behind,
-                                           _mm512_set1_epi8(last));
-  return marks;
-}
-
 // The ranges' look at one block: its line feeds are counted, and the block is listed
 // when it holds a "[" or the ending may stand there. Such blocks are few, so a branch to
-// list them is cheaper than a store for every block; whether the "[" begins a line is
-// told when the block is taken.
+// list them, with the marks at hand, is cheaper than a store for every block; whether
+// the "[" begins a line is told when the block is taken.
 struct RangeBlockScan {
   __m512i feed;
   __m512i bracket;
   __m512i first;
   __m512i last;
   __m512i least;
-  std::uint64_t* hits;
+  RangeHit* hits;
   std::size_t hitCount;
   std::uint32_t lines;
 };
@@ -263,7 +263,7 @@ __attribute__((target("avx512bw,popcnt,bmi"), always_inline)) inline void ScanRa
   const std::uint64_t brackets = _mm512_cmpeq_epi8_mask(bytes, scan.bracket);
   const std::uint64_t ends = _mm512_mask_cmpeq_epi8_mask(_mm512_cmpeq_epi8_mask(bytes, scan.first), behind, scan.last);
   if (__builtin_expect((brackets | ends) != 0, 0)) {
-    scan.hits[scan.hitCount++] = b | static_cast<std::uint64_t>(scan.lines) << 32;
+    scan.hits[scan.hitCount++] = {static_cast<std::uint32_t>(b), scan.lines, feeds, brackets, ends};
   }
   scan.lines += static_cast<std::uint32_t>(__builtin_popcountll(feeds));
 }
@@ -408,18 +408,25 @@ void SectionFinder::Find(const std::vector<std::string_view>& sections, ScanWidt
     if (width != ScanWidth::kPlain && !(width == ScanWidth::kVector64 && Supports(width))) return;
     matchLines_.assign(sections.size(), 0);
   }
-  names_.reserve(sections.size());
-  for (std::string_view section : sections) {
-    // The reading loop holds a name as a C string: up to its first NUL.
-    const std::string_view name = section.substr(0, section.find('\0'));
-    if (name.empty()) return;
-    names_.push_back(name);
-  }
-  const std::string_view ending = CommonEnding(names_);
-  if (ending.empty() || HoldsLineEnd(ending)) return;
+  names_.assign(sections.begin(), sections.end());
   for (std::string_view name : names_) {
-    if (HoldsLineEnd(name.substr(0, name.size() - ending.size()))) return;
+    if (name.empty()) return;
   }
+  // The names share their ending, which is looked at once.
+  std::string_view ending = CommonEnding(names_);
+  unsigned odd = OddBytes(ending);
+  for (std::string_view name : names_) odd |= OddBytes(name.substr(0, name.size() - ending.size()));
+  if ((odd & kNulByte) != 0) {
+    // The reading loop holds a name as a C string: up to its first NUL.
+    odd = 0;
+    for (std::string_view& name : names_) {
+      name = name.substr(0, name.find('\0'));
+      if (name.empty()) return;
+      odd |= OddBytes(name);
+    }
+    ending = CommonEnding(names_);
+  }
+  if (ending.empty() || (odd & kLineEndByte) != 0) return;
   GroupNames(ending);
   if (ranges_) {
     vector_ = width == ScanWidth::kVector64;
@@ -504,7 +511,7 @@ void SectionFinder::ScanRanges(std::string_view ending, bool vector) {
   bracketStarts_.clear();
   // Mostly one "[" line per section, and a few more.
   bracketStarts_.reserve(2 * names_.size() + 16);
-  std::uint64_t hits[kRangePageBlocks];
+  RangeHit hits[kRangePageBlocks];
   RangeMarks marks{hits};
   std::size_t i = 0;
 #if defined(TESSARA_SCAN_X86)
@@ -513,8 +520,8 @@ void SectionFinder::ScanRanges(std::string_view ending, bool vector) {
                     ending.back()};
     ScanRangePageVector64(page, marks);
     for (std::size_t h = 0; h < marks.hitCount; ++h) {
-      TakeRangeHit(i + static_cast<std::size_t>(hits[h] & 0xFFFFFFFFu) * kBlock, static_cast<std::size_t>(hits[h] >> 32),
-                   ending);
+      const RangeHit& hit = hits[h];
+      TakeRangeHit(i + hit.block * kBlock, hit.lines, hit.feeds, hit.brackets, hit.ends, ending);
     }
     i += page.blocks * kBlock;
   }
@@ -543,30 +550,23 @@ void SectionFinder::ScanRanges(std::string_view ending, bool vector) {
   applies_ = !nul && !longLine;
 }
 
-#if defined(TESSARA_SCAN_X86)
-// A block that the pass listed is marked again (a few blocks cost less than keeping the
-// marks of every one): its "[" lines and its places of the ending are taken, each with
-// the line feeds ahead of it.
-__attribute__((target("avx512bw,popcnt,bmi"))) void SectionFinder::TakeRangeHit(std::size_t base, std::size_t lines,
-                                                                               std::string_view ending) {
+// A block that the pass listed: its "[" lines and its places of the ending are taken,
+// each with the line feeds ahead of it.
+void SectionFinder::TakeRangeHit(std::size_t base, std::size_t lines, std::uint64_t feeds, std::uint64_t brackets,
+                                 std::uint64_t ends, std::string_view ending) {
   const char* data = text_.data();
-  const BlockMarks block =
-      MarkBlock(data + base, ending.size() - 1, base == 0 || data[base - 1] == '\n' ? 1 : 0, ending.front(),
-                ending.back());
-  for (std::uint64_t open = block.opens; open != 0; open &= open - 1) {
-    const int bit = __builtin_ctzll(open);
+  const std::uint64_t starts = (feeds << 1) | (base == 0 || data[base - 1] == '\n' ? 1 : 0);
+  for (std::uint64_t open = brackets & starts; open != 0; open &= open - 1) {
+    const int bit = std::countr_zero(open);
     const std::uint64_t ahead = (std::uint64_t{1} << bit) - 1;
-    bracketStarts_.push_back({base + static_cast<std::size_t>(bit),
-                              lines + static_cast<std::size_t>(__builtin_popcountll(block.feeds & ahead))});
+    bracketStarts_.push_back({base + static_cast<std::size_t>(bit), lines + CountBits(feeds & ahead)});
   }
-  for (std::uint64_t end = missing_ > 0 ? block.ends : 0; end != 0; end &= end - 1) {
-    const int bit = __builtin_ctzll(end);
+  for (std::uint64_t end = missing_ > 0 ? ends : 0; end != 0; end &= end - 1) {
+    const int bit = std::countr_zero(end);
     const std::uint64_t ahead = (std::uint64_t{1} << bit) - 1;
-    EndingAt(base + static_cast<std::size_t>(bit), ending,
-             lines + static_cast<std::size_t>(__builtin_popcountll(block.feeds & ahead)));
+    EndingAt(base + static_cast<std::size_t>(bit), ending, lines + CountBits(feeds & ahead));
   }
 }
-#endif
 
 SectionRange SectionFinder::Range(std::size_t i) const {
   if (!applies_ || !ranges_ || i >= matchStarts_.size() || matchStarts_[i] == kNone) return {};

@@ -114,8 +114,9 @@ class SectionFinder {
   void Scan(std::string_view ending, Scanner scanPage);
   void ScanRanges(std::string_view ending, bool vector);
   // Takes what the block of 64 bytes at `base`, with `lines` line feeds ahead of it,
-  // holds for the ranges.
-  void TakeRangeHit(std::size_t base, std::size_t lines, std::string_view ending);
+  // holds for the ranges: its marks of line feeds, "[" and places of the ending.
+  void TakeRangeHit(std::size_t base, std::size_t lines, std::uint64_t feeds, std::uint64_t brackets,
+                    std::uint64_t ends, std::string_view ending);
   // Counts the lines of a range that the comment rule keeps and drops, until more than
   // `keptLimit` are kept or `droppedLimit` are dropped.
   void CountStored(const SectionRange& range, std::size_t keptLimit, std::size_t droppedLimit, std::size_t& kept,

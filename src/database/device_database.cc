@@ -1,6 +1,7 @@
 #include "database/device_database.h"
 
 #include <algorithm>
+#include <cstring>
 #include <memory>
 
 #include "core/host.h"
@@ -173,17 +174,15 @@ void LoadGroupTables(Host& host, DeviceDatabase& database, int slot, const std::
          !entry.Configuration[configurations + 1].empty()) {
     nameBytes += entry.Configuration[++configurations].size() + 1 + entry.Group.size();
   }
-  std::string nameText;
-  nameText.reserve(nameBytes);
-  for (std::size_t k = 1; k <= configurations; ++k) {
-    nameText.append(entry.Configuration[k]).append(1, '_').append(entry.Group);
-  }
-  std::vector<std::string_view> names;
-  names.reserve(configurations);
+  std::string nameText(nameBytes, '_');
+  std::vector<std::string_view> names(configurations);
   for (std::size_t k = 1, at = 0; k <= configurations; ++k) {
-    const std::size_t length = entry.Configuration[k].size() + 1 + entry.Group.size();
-    names.push_back(std::string_view(nameText).substr(at, length));
-    at += length;
+    const std::string& configuration = entry.Configuration[k];
+    char* name = nameText.data() + at;
+    std::memcpy(name, configuration.data(), configuration.size());
+    std::memcpy(name + configuration.size() + 1, entry.Group.data(), entry.Group.size());
+    names[k - 1] = std::string_view(name, configuration.size() + 1 + entry.Group.size());
+    at += names[k - 1].size();
   }
   auto sectionNames = [&names] { return std::vector<std::string>(names.begin(), names.end()); };
 
