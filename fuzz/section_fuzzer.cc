@@ -112,6 +112,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       FUZZ_CHECK(lines == found[i]);
       FUZZ_CHECK(lines.size() == range.lines);
       FUZZ_CHECK(stored == ranges.StoredLines(range) && stored == plain.StoredLines(again));
+      // The early stops of the limit's question answer as the count does.
+      for (std::size_t limit : {std::size_t{0}, stored / 2, stored, stored + 1, range.lines}) {
+        FUZZ_CHECK(ranges.MoreStoredLinesThan(range, limit) == (stored > limit));
+        FUZZ_CHECK(plain.MoreStoredLinesThan(again, limit) == (stored > limit));
+      }
     }
   }
 

@@ -237,6 +237,31 @@ TEST_F(GroupTablesTest, A151stLineIsRefusedWithItsMessage) {
   EXPECT_EQ(host.messages[0], "Too much data entry in DB that GUI can handle!!!,\n\n4004");
 }
 
+TEST_F(GroupTablesTest, CommentsAndBlankLinesDoNotCountTowardsTheLimit) {
+  // 200 lines each: 150 stored with comments and blank lines between them fit; 151
+  // stored ones bring one message, for the 151st.
+  auto section = [](int stored) {
+    std::string lines;
+    for (int i = 1; i <= 200; ++i) {
+      if (i <= stored) {
+        lines += "line" + std::to_string(i) + "=x\r\n";
+      } else {
+        lines += i % 3 == 0 ? "// note\r\n" : i % 3 == 1 ? "\r\n" : "x/ half\r\n";
+      }
+    }
+    return lines;
+  };
+  Application& app =
+      Start("[Configuration_G/1 Group]\r\nConfiguration_1=Fits\r\nConfiguration_2=Over\r\n[Fits_G/1 Group]\r\n" +
+            section(150) + "[Over_G/1 Group]\r\n" + section(151));
+  ASSERT_EQ(host.messages.size(), 1u);
+  EXPECT_EQ(host.messages[0], "Too much data entry in DB that GUI can handle!!!,\n\n4004");
+  EXPECT_EQ(app.database().Entry(1).SectionLines[1].size(), 150u);
+  EXPECT_EQ(app.database().Entry(1).SectionLines[2].size(), 150u);
+  EXPECT_EQ(*app.database().Entry(1).SectionLine(1, 150), "line150=x");
+  EXPECT_EQ(*app.database().Entry(1).SectionLine(2, 150), "line150=x");
+}
+
 TEST_F(GroupTablesTest, AGroupIsReadOnce) {
   Application& app = Start("[Configuration_G/1 Group]\nConfiguration_1=One\n[One_G/1 Group]\nx=1\n");
   home.Write("IO Files/g.ini", "[Configuration_G/1 Group]\nConfiguration_1=Changed\n");

@@ -84,6 +84,29 @@ TEST(IniText, ReadsANumberedListAsKeyByKeyReadsDo) {
   EXPECT_EQ(values, std::vector<std::string_view>(4));
 }
 
+TEST(IniText, TellsHeadersByTheirFirstCharacterPastTheBlanks) {
+  // A "[" inside a value or after other characters starts no section; blanks, tabs and
+  // a CR ahead of it do not stop a header; a header may be the last line.
+  const std::string text =
+      "[A]\nk=[B]\nx [B]\n \t\r[ B ]\nk=b\n  k2 = two words  \r\n[C]\n[D]\r\nk=d\n=no key\nnokey\n[E]";
+  IniText ini(text);
+  EXPECT_EQ(ini.Read("A", "k", "none"), "[B]");
+  EXPECT_EQ(ini.Read("B", "k", "none"), "b");
+  EXPECT_EQ(ini.Read("b", "K2", "none"), "two words");
+  EXPECT_EQ(ini.Read("C", "k", "none"), "none");
+  EXPECT_EQ(ini.Read("D", "k", "none"), "d");
+  EXPECT_EQ(ini.Read("D", "", "none"), "no key");
+  EXPECT_EQ(ini.Read("E", "k", "none"), "none");
+  EXPECT_TRUE(ini.HoldsWholeSection("D"));
+  EXPECT_FALSE(ini.HoldsWholeSection("E"));
+  for (const char* section : {"A", "B", "C", "D", "E"}) {
+    for (const char* key : {"k", "K2", "", "nokey", "x [B]"}) {
+      EXPECT_EQ(IniText(text).Read(section, key, "none"), ReadProfileStringFromText(text, section, key, "none"))
+          << section << " " << key;
+    }
+  }
+}
+
 TEST(WriteProfileString, CreatesFileSectionAndKey) {
   TempFolder folder;
   std::string path = folder.File("new.ini");

@@ -183,6 +183,24 @@ TEST(SectionFinderRanges, CountStoredLinesOfLongSectionsAcrossBlocks) {
   }
 }
 
+TEST(SectionFinderRanges, TellWhetherMoreLinesAreStoredThanALimit) {
+  // 20 lines, 12 of them stored, over several blocks; each limit is told as the exact
+  // count tells it, whichever way the count would stop early.
+  std::string body;
+  for (int i = 0; i < 20; ++i) body += i % 5 < 3 ? "key" + std::to_string(i) + "=" + std::string(30, 'v') + "\n" : "// c\n";
+  const std::string text = Padding() + "[A_G]\n" + body + "[B_G]\n";
+  for (ScanWidth width : RangeWidths()) {
+    SectionFinder finder(text, {"A_G"}, width, SectionFinder::Yield::kRanges);
+    ASSERT_TRUE(finder.Applies());
+    const SectionRange range = finder.Range(0);
+    ASSERT_EQ(range.lines, 20u);
+    ASSERT_EQ(finder.StoredLines(range), 12u);
+    for (std::size_t limit = 0; limit <= 21; ++limit) {
+      EXPECT_EQ(finder.MoreStoredLinesThan(range, limit), limit < 12) << limit;
+    }
+  }
+}
+
 TEST(SectionFinderRanges, DeclineLongLinesNulsAndNarrowVectors) {
   const std::string longLine = "[A_G]\n" + std::string(1950, 'x') + "\ny=1\n";
   for (ScanWidth width : RangeWidths()) {

@@ -282,6 +282,33 @@ TEST(FileChecks, ExistsAndWritable) {
   EXPECT_FALSE(FolderWritable(folder.File("no/such/folder/")));
 }
 
+TEST(TextBuffer, HoldsAWholeFileAsItsBytesStand) {
+  TempFolder folder;
+  const std::string bytes = std::string("[S]\r\nx=1\0y\n") + std::string(70000, 'z') + "\xff";
+  TextBuffer text(std::string_view("stale"));
+  ASSERT_TRUE(ReadWholeFile(folder.Write("big.ini", bytes), text));
+  EXPECT_EQ(text.View(), bytes);
+  ASSERT_TRUE(ReadWholeFile(folder.Write("empty.ini", ""), text));
+  EXPECT_TRUE(text.empty());
+  // A folder or a missing file is not read.
+  EXPECT_FALSE(ReadWholeFile(folder.path(), text));
+  EXPECT_FALSE(ReadWholeFile(folder.File("none.ini"), text));
+}
+
+TEST(TextBuffer, CopiesAreDeepAndAppendsKeepWhatIsHeld) {
+  TextBuffer text(std::string_view("ab"));
+  for (int i = 0; i < 100; ++i) text.Append("cd");
+  TextBuffer copy = text;
+  text.Append("e");
+  EXPECT_EQ(copy.size(), 202u);
+  EXPECT_EQ(copy.View().substr(0, 4), "abcd");
+  EXPECT_EQ(text.View().back(), 'e');
+  TextBuffer moved = std::move(copy);
+  EXPECT_EQ(moved.size(), 202u);
+  copy = moved;
+  EXPECT_EQ(copy.View(), moved.View());
+}
+
 TEST(ModuleFolder, HomeStandsInForTheProgramFolder) {
   SetModuleFolder("/some/home/");
   EXPECT_EQ(ModuleFolder(), "/some/home");
