@@ -120,30 +120,6 @@ std::uint64_t NoCaseHash(std::string_view text) {
   return hash;
 }
 
-// The first line feed of text[from, size), or size. Lines of an ini are short: sixteen
-// bytes at a time in place cost less than a call to memchr for each.
-inline std::size_t LineFeedFrom(std::string_view text, std::size_t from) {
-#if defined(__SSE2__)
-  const __m128i feed = _mm_set1_epi8('\n');
-  for (; from + 16 <= text.size(); from += 16) {
-    const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text.data() + from));
-    const int feeds = _mm_movemask_epi8(_mm_cmpeq_epi8(bytes, feed));
-    if (feeds != 0) return from + static_cast<std::size_t>(__builtin_ctz(static_cast<unsigned>(feeds)));
-  }
-#endif
-  const std::size_t end = text.find('\n', from);
-  return end == std::string_view::npos ? text.size() : end;
-}
-
-// The line at `position` of `text`, moving `position` behind its line feed.
-bool NextLine(std::string_view text, std::size_t& position, std::string_view& line) {
-  if (position >= text.size()) return false;
-  const std::size_t end = LineFeedFrom(text, position);
-  line = text.substr(position, end - position);
-  position = end + 1;
-  return true;
-}
-
 // A blank that Trim drops.
 inline bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
@@ -174,7 +150,8 @@ void IniText::ScanNextSection() {
     position_ = text_.size();
     return;
   }
-  const std::size_t headerEnd = LineFeedFrom(text_, header);
+  const std::size_t feed = text_.find('\n', header);
+  const std::size_t headerEnd = feed == std::string_view::npos ? text_.size() : feed;
   std::string_view name;
   SectionHeader(text_.substr(header, headerEnd - header), name);
   if (sections_.empty()) sections_.reserve(8);
