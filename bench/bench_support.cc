@@ -38,16 +38,18 @@ const FullChipHome& FullChip() {
 }
 
 std::size_t ReadFilesOnce(const std::vector<std::string>& paths) {
-  static std::vector<char> buffer(1 << 20);
+  // A buffer that starts on a page, into which the system copies fastest.
+  constexpr std::size_t kBufferSize = 1 << 20;
+  static char* const buffer = static_cast<char*>(std::aligned_alloc(4096, kBufferSize));
   std::size_t total = 0;
   for (const std::string& path : paths) {
     int fd = ::open(path.c_str(), O_RDONLY);
     if (fd < 0) std::abort();
     ssize_t got;
-    while ((got = ::read(fd, buffer.data(), buffer.size())) > 0) total += static_cast<std::size_t>(got);
+    while ((got = ::read(fd, buffer, kBufferSize)) > 0) total += static_cast<std::size_t>(got);
     ::close(fd);
   }
-  benchmark::DoNotOptimize(buffer.data());
+  benchmark::DoNotOptimize(buffer);
   return total;
 }
 

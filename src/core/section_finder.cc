@@ -29,24 +29,6 @@ constexpr std::size_t kPageBlocks = 64;
 // Room for line starts is made for about one line in this many bytes at first.
 constexpr std::size_t kBytesPerLineGuess = 32;
 
-std::string_view CommonEnding(const std::vector<std::string_view>& names) {
-  const std::string_view first = names[0];
-  std::size_t common = first.size();
-  for (std::string_view name : names) {
-    // Names mostly share their whole ending: one comparison tells.
-    if (name.size() >= common &&
-        std::memcmp(name.data() + name.size() - common, first.data() + first.size() - common, common) == 0) {
-      continue;
-    }
-    std::size_t same = 0;
-    while (same < common && same < name.size() && name[name.size() - 1 - same] == first[first.size() - 1 - same]) {
-      ++same;
-    }
-    common = same;
-  }
-  return first.substr(first.size() - common);
-}
-
 // Whether n bytes at a and b are the same: names are short, and a call to memcmp costs
 // more than comparing them eight bytes at a time in place.
 inline bool SameBytes(const char* a, const char* b, std::size_t n) {
@@ -61,6 +43,23 @@ inline bool SameBytes(const char* a, const char* b, std::size_t n) {
     if (*a != *b) return false;
   }
   return true;
+}
+
+std::string_view CommonEnding(const std::vector<std::string_view>& names) {
+  const std::string_view first = names[0];
+  std::size_t common = first.size();
+  for (std::string_view name : names) {
+    // Names mostly share their whole ending: one comparison tells.
+    if (name.size() >= common && SameBytes(name.data() + name.size() - common, first.data() + first.size() - common, common)) {
+      continue;
+    }
+    std::size_t same = 0;
+    while (same < common && same < name.size() && name[name.size() - 1 - same] == first[first.size() - 1 - same]) {
+      ++same;
+    }
+    common = same;
+  }
+  return first.substr(first.size() - common);
 }
 
 // Which bytes a name may not hold as it stands: a CR or a line feed, which no line
@@ -282,7 +281,9 @@ __attribute__((target("avx512bw,popcnt,bmi"))) void ScanRangePageVector64(const 
   std::size_t b = 0;
   if (windowBlocks == 0) {
     for (; b + kWindowBlocks <= blocks; data += kWindow) {
-      for (std::size_t w = 0; w < kWindowBlocks; ++w, ++b) ScanRangeBlock(scan, data + w * kBlock, tail, b);
+#pragma GCC unroll 15
+      for (std::size_t w = 0; w < kWindowBlocks; ++w) ScanRangeBlock(scan, data + w * kBlock, tail, b + w);
+      b += kWindowBlocks;
       longLine = longLine || scan.lines == windowLines;
       windowLines = scan.lines;
     }

@@ -603,7 +603,7 @@ TextBuffer& TextBuffer::operator=(const TextBuffer& other) {
 
 void TextBuffer::Reserve(std::size_t capacity) {
   if (capacity <= capacity_) return;
-  std::unique_ptr<char[]> larger(new char[capacity]);
+  std::unique_ptr<char[], Release> larger(static_cast<char*>(::operator new[](capacity, kAlignment)));
   if (size_ > 0) std::memcpy(larger.get(), bytes_.get(), size_);
   bytes_ = std::move(larger);
   capacity_ = capacity;
