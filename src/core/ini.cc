@@ -166,10 +166,8 @@ void IniText::ScanNextSection() {
 
 // The key lines of a section are read when one of its keys is first asked for: a
 // search for a later section passes over them.
-void IniText::ReadEntries(Section& section) const {
-  if (section.read) return;
-  section.read = true;
-  section.entries.reserve(16);
+template <typename Visit>
+void IniText::ForEachKeyLine(const Section& section, Visit&& visit) const {
   const char* const data = text_.data();
   const std::size_t end = section.bodyEnd;
   for (std::size_t position = section.bodyBegin; position < end;) {
@@ -200,17 +198,28 @@ void IniText::ReadEntries(Section& section) const {
     if (equals < feed) {
       std::size_t keyStart = position;
       std::size_t keyEnd = equals;
-      std::size_t valueStart = equals + 1;
-      std::size_t valueEnd = feed;
       while (keyStart < keyEnd && IsBlank(data[keyStart])) ++keyStart;
       while (keyEnd > keyStart && IsBlank(data[keyEnd - 1])) --keyEnd;
-      while (valueStart < valueEnd && IsBlank(data[valueStart])) ++valueStart;
-      while (valueEnd > valueStart && IsBlank(data[valueEnd - 1])) --valueEnd;
-      section.entries.push_back(
-          {text_.substr(keyStart, keyEnd - keyStart), text_.substr(valueStart, valueEnd - valueStart)});
+      visit(text_.substr(keyStart, keyEnd - keyStart), equals + 1, feed);
     }
     position = feed + 1;
   }
+}
+
+std::string_view IniText::TrimmedValue(std::size_t begin, std::size_t end) const {
+  const char* const data = text_.data();
+  while (begin < end && IsBlank(data[begin])) ++begin;
+  while (end > begin && IsBlank(data[end - 1])) --end;
+  return text_.substr(begin, end - begin);
+}
+
+void IniText::ReadEntries(Section& section) const {
+  if (section.read) return;
+  section.read = true;
+  section.entries.reserve(16);
+  ForEachKeyLine(section, [&](std::string_view key, std::size_t valueBegin, std::size_t valueEnd) {
+    section.entries.push_back({key, TrimmedValue(valueBegin, valueEnd)});
+  });
 }
 
 IniText::Section* IniText::Find(std::string_view name) {
@@ -259,24 +268,32 @@ void IniText::ReadNumbered(const std::string& section, std::string_view prefix, 
   values.assign(last < 0 ? 1 : static_cast<std::size_t>(last) + 1, std::string_view());
   Section* match = Find(Trim(section));
   if (match == nullptr || last < 1) return;
-  ReadEntries(*match);
-  for (const Entry& entry : match->entries) {
-    // The key a Read of prefix<j> wants: the prefix, then j as written by to_string.
-    const std::string_view key = entry.key;
-    if (key.size() <= prefix.size() || !EqualsNoCase(key.substr(0, prefix.size()), prefix)) continue;
+  // The key a Read of prefix<j> wants: the prefix, then j as written by to_string. Only
+  // the first entry of a key counts: a value found, even an empty one, points into the
+  // text.
+  auto number = [&](std::string_view key) -> std::size_t {
+    if (key.size() <= prefix.size() || !EqualsNoCase(key.substr(0, prefix.size()), prefix)) return 0;
     const std::string_view digits = key.substr(prefix.size());
-    if (digits.size() > 9 || digits[0] < '1' || digits[0] > '9') continue;
+    if (digits.size() > 9 || digits[0] < '1' || digits[0] > '9') return 0;
     std::size_t j = 0;
-    bool number = true;
     for (char c : digits) {
-      number = number && c >= '0' && c <= '9';
+      if (c < '0' || c > '9') return 0;
       j = j * 10 + static_cast<std::size_t>(c - '0');
     }
-    // Only the first entry of a key counts: a value found, even an empty one, points
-    // into the text.
-    if (!number || j >= values.size() || values[j].data() != nullptr) continue;
-    values[j] = entry.value.substr(0, kProfileBufferSize - 1);
+    return j < values.size() && values[j].data() == nullptr ? j : 0;
+  };
+  if (match->read) {
+    for (const Entry& entry : match->entries) {
+      if (const std::size_t j = number(entry.key); j != 0) values[j] = entry.value.substr(0, kProfileBufferSize - 1);
+    }
+    return;
   }
+  // A list is read once: its lines are looked at as they stand, without keeping them.
+  ForEachKeyLine(*match, [&](std::string_view key, std::size_t valueBegin, std::size_t valueEnd) {
+    if (const std::size_t j = number(key); j != 0) {
+      values[j] = TrimmedValue(valueBegin, valueEnd).substr(0, kProfileBufferSize - 1);
+    }
+  });
 }
 
 // Keys are found by their hash: a data file's numbered keys are read one after the

@@ -78,6 +78,11 @@ class IniText {
   // Places the section of the next header at or behind position_.
   void ScanNextSection();
   std::size_t FindHeaderLine(std::size_t from) const;
+  // Calls visit(key, valueBegin, valueEnd) for each key line of a section: its key
+  // trimmed, its value untrimmed as text_[valueBegin, valueEnd).
+  template <typename Visit>
+  void ForEachKeyLine(const Section& section, Visit&& visit) const;
+  std::string_view TrimmedValue(std::size_t begin, std::size_t end) const;
   void ReadEntries(Section& section) const;
 
   IniText(std::string_view text, int) : text_(text) {}

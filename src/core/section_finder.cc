@@ -67,8 +67,15 @@ std::string_view CommonEnding(const std::vector<std::string_view>& names) {
 constexpr unsigned kLineEndByte = 1;
 constexpr unsigned kNulByte = 2;
 unsigned OddBytes(std::string_view text) {
+  static constexpr auto kOdd = [] {
+    std::array<unsigned char, 256> odd{};
+    odd['\r'] = kLineEndByte;
+    odd['\n'] = kLineEndByte;
+    odd[0] = kNulByte;
+    return odd;
+  }();
   unsigned odd = 0;
-  for (char c : text) odd |= ((c == '\r') | (c == '\n')) * kLineEndByte | (c == '\0') * kNulByte;
+  for (char c : text) odd |= kOdd[static_cast<unsigned char>(c)];
   return odd;
 }
 
