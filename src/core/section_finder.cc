@@ -415,6 +415,7 @@ void SectionFinder::Find(const std::vector<std::string_view>& sections, ScanWidt
     if (width == ScanWidth::kWidest) width = ScanWidth::kVector64;
     if (width != ScanWidth::kPlain && !(width == ScanWidth::kVector64 && Supports(width))) return;
     matchLines_.assign(sections.size(), 0);
+    matchFeeds_.assign(sections.size(), kNone);
   }
   names_.assign(sections.begin(), sections.end());
   for (std::string_view name : names_) {
@@ -455,9 +456,10 @@ void SectionFinder::GroupNames(std::string_view ending) {
   for (std::string_view name : names_) ++groupStarts_[groupOf(name) + 1];
   for (std::size_t group = 1; group < groupStarts_.size(); ++group) groupStarts_[group] += groupStarts_[group - 1];
   groupOrder_.resize(names_.size());
-  std::array<std::size_t, kNameGroups> next;
+  std::copy(groupStarts_.begin() + 1, groupStarts_.end(), groupEnds_.begin());
+  std::array<std::uint32_t, kNameGroups> next;
   std::copy(groupStarts_.begin(), groupStarts_.end() - 1, next.begin());
-  for (std::size_t n = 0; n < names_.size(); ++n) groupOrder_[next[groupOf(names_[n])]++] = n;
+  for (std::size_t n = 0; n < names_.size(); ++n) groupOrder_[next[groupOf(names_[n])]++] = static_cast<std::uint32_t>(n);
 }
 
 // One pass over the bytes finds where every line starts, whether a NUL is anywhere, and
@@ -488,7 +490,7 @@ void SectionFinder::Scan(std::string_view ending, Scanner scanPage) {
     nul = nul || marks.nul;
     for (std::size_t b = 0; missing_ > 0 && b < page.blocks; ++b) {
       for (std::uint64_t end = ends[b]; end != 0; end &= end - 1) {
-        EndingAt(i + b * kBlock + static_cast<std::size_t>(std::countr_zero(end)), ending, 0);
+        EndingAt(i + b * kBlock + static_cast<std::size_t>(std::countr_zero(end)), ending, 0, kNone);
       }
     }
     i += page.blocks * kBlock;
@@ -500,7 +502,7 @@ void SectionFinder::Scan(std::string_view ending, Scanner scanPage) {
     }
     if (data[i] == '\0') nul = true;
     if (missing_ > 0 && i + tail < size && data[i] == ending.front() && data[i + tail] == ending.back()) {
-      EndingAt(i, ending, 0);
+      EndingAt(i, ending, 0, kNone);
     }
   }
   // A line feed at the very end starts no line.
@@ -545,7 +547,7 @@ void SectionFinder::ScanRanges(std::string_view ending, bool vector) {
     const char byte = data[i];
     if (byte == '[' && (i == 0 || data[i - 1] == '\n')) bracketStarts_.push_back({i, lines});
     if (missing_ > 0 && i + tail < size && byte == ending.front() && data[i + tail] == ending.back()) {
-      EndingAt(i, ending, lines);
+      EndingAt(i, ending, lines, kNone);
     }
     lines += byte == '\n' ? 1 : 0;
     nul = nul || byte == '\0';
@@ -572,7 +574,10 @@ void SectionFinder::TakeRangeHit(std::size_t base, std::size_t lines, std::uint6
   for (std::uint64_t end = missing_ > 0 ? ends : 0; end != 0; end &= end - 1) {
     const int bit = std::countr_zero(end);
     const std::uint64_t ahead = (std::uint64_t{1} << bit) - 1;
-    EndingAt(base + static_cast<std::size_t>(bit), ending, lines + CountBits(feeds & ahead));
+    // The first line feed behind the ending, when it stands in this block.
+    const std::uint64_t behind = feeds & ~ahead;
+    EndingAt(base + static_cast<std::size_t>(bit), ending, lines + CountBits(feeds & ahead),
+             behind != 0 ? base + static_cast<std::size_t>(std::countr_zero(behind)) : kNone);
   }
 }
 
@@ -580,7 +585,7 @@ SectionRange SectionFinder::Range(std::size_t i) const {
   if (!applies_ || !ranges_ || i >= matchStarts_.size() || matchStarts_[i] == kNone) return {};
   // The section begins with the line behind the one that holds the name, and ends at
   // the first line behind that which begins with "[".
-  const std::size_t feed = text_.find('\n', matchStarts_[i]);
+  const std::size_t feed = matchFeeds_[i] != kNone ? matchFeeds_[i] : text_.find('\n', matchStarts_[i]);
   if (feed == std::string_view::npos) return {text_.size(), text_.size(), 0};
   SectionRange range;
   range.begin = feed + 1;
@@ -638,23 +643,26 @@ void SectionFinder::MakeLineRoom(std::size_t room) {
 
 // The ending may stand at `position`: every name not yet found that ends there is
 // found, when it lies within one chunk of its line.
-void SectionFinder::EndingAt(std::size_t position, std::string_view ending, std::size_t lines) {
+void SectionFinder::EndingAt(std::size_t position, std::string_view ending, std::size_t lines, std::size_t feed) {
   if (!SameBytes(text_.data() + position, ending.data(), ending.size())) return;
   // Only names with the byte that stands before the ending here, and a name that is the
   // ending alone, can end here.
-  if (position > 0) FindNamesEndingAt(position, ending, static_cast<unsigned char>(text_[position - 1]), lines);
-  FindNamesEndingAt(position, ending, kEndingAlone, lines);
+  if (position > 0) {
+    FindNamesEndingAt(position, ending, static_cast<unsigned char>(text_[position - 1]), lines, feed);
+  }
+  FindNamesEndingAt(position, ending, kEndingAlone, lines, feed);
 }
 
 void SectionFinder::FindNamesEndingAt(std::size_t position, std::string_view ending, std::size_t group,
-                                      std::size_t lines) {
+                                      std::size_t lines, std::size_t feed) {
   const std::size_t end = position + ending.size();
-  for (std::size_t at = groupStarts_[group]; at < groupStarts_[group + 1]; ++at) {
+  for (std::uint32_t at = groupStarts_[group]; at < groupEnds_[group];) {
     const std::size_t n = groupOrder_[at];
     const std::string_view name = names_[n];
-    if (matchStarts_[n] != kNone || name.size() > end) continue;
     const std::size_t start = end - name.size();
-    if (text_[start] != name.front() || !SameBytes(text_.data() + start, name.data(), name.size() - ending.size())) {
+    if (name.size() > end || text_[start] != name.front() ||
+        !SameBytes(text_.data() + start, name.data(), name.size() - ending.size())) {
+      ++at;
       continue;
     }
     // A name holds no line feed, so it stands within one line, whose start is known by
@@ -662,13 +670,22 @@ void SectionFinder::FindNamesEndingAt(std::size_t position, std::string_view end
     // only files whose lines are chunks.
     if (!ranges_) {
       const std::size_t lineStart = lineStarts_[LineOf(start)];
-      if ((start - lineStart) / kChunkSize != (end - 1 - lineStart) / kChunkSize) continue;
+      if ((start - lineStart) / kChunkSize != (end - 1 - lineStart) / kChunkSize) {
+        ++at;
+        continue;
+      }
     }
     matchStarts_[n] = start;
-    if (ranges_) matchLines_[n] = lines;
+    if (ranges_) {
+      matchLines_[n] = lines;
+      matchFeeds_[n] = feed;
+    }
     --missing_;
+    // A name found is looked for no more: the group's last one not found takes its place.
+    std::swap(groupOrder_[at], groupOrder_[--groupEnds_[group]]);
   }
 }
+
 std::size_t SectionFinder::LineOf(std::size_t position) const {
   const std::size_t* starts = lineStarts_.get();
   return static_cast<std::size_t>(std::upper_bound(starts, starts + lineCount_, position) - starts) - 1;

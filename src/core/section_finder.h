@@ -122,9 +122,11 @@ class SectionFinder {
   void CountStored(const SectionRange& range, std::size_t keptLimit, std::size_t droppedLimit, std::size_t& kept,
                    std::size_t& dropped) const;
   void GroupNames(std::string_view ending);
-  // `lines`: the line feeds ahead of `position` (ranges only).
-  void EndingAt(std::size_t position, std::string_view ending, std::size_t lines);
-  void FindNamesEndingAt(std::size_t position, std::string_view ending, std::size_t group, std::size_t lines);
+  // `lines`: the line feeds ahead of `position`, `feed`: the first line feed behind it
+  // where known, else npos (ranges only).
+  void EndingAt(std::size_t position, std::string_view ending, std::size_t lines, std::size_t feed);
+  void FindNamesEndingAt(std::size_t position, std::string_view ending, std::size_t group, std::size_t lines,
+                         std::size_t feed);
   std::size_t LineOf(std::size_t position) const;
   TextLine Line(std::size_t index) const {
     TextLine line;
@@ -145,11 +147,13 @@ class SectionFinder {
   bool applies_ = false;
   std::vector<std::string_view> names_;
   // Names grouped by the byte before the common ending (group 256: a name that is the
-  // ending alone): groupOrder_[groupStarts_[g] .. groupStarts_[g + 1]) are group g's.
+  // ending alone): groupOrder_[groupStarts_[g] .. groupStarts_[g + 1]) are group g's,
+  // those up to groupEnds_[g] not found yet.
   static constexpr std::size_t kEndingAlone = 256;
   static constexpr std::size_t kNameGroups = 257;
-  std::array<std::size_t, kNameGroups + 1> groupStarts_{};
-  std::vector<std::size_t> groupOrder_;
+  std::array<std::uint32_t, kNameGroups + 1> groupStarts_{};
+  std::array<std::uint32_t, kNameGroups> groupEnds_{};
+  std::vector<std::uint32_t> groupOrder_;
   // Where each line starts: the scan writes ahead of the count, into room it makes
   // without filling it first.
   void MakeLineRoom(std::size_t room);
@@ -169,6 +173,7 @@ class SectionFinder {
   bool ranges_ = false;
   bool vector_ = false;
   std::vector<std::size_t> matchLines_;
+  std::vector<std::size_t> matchFeeds_;  // the first line feed behind the name, or npos
   std::vector<Place> bracketStarts_;
   std::size_t totalLines_ = 0;
 };
