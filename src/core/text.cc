@@ -594,10 +594,10 @@ bool ReadWholeFile(const std::string& path, std::string& content) {
 }
 
 TextBuffer& TextBuffer::operator=(const TextBuffer& other) {
-  if (this != &other) {
-    Clear();
-    Append(other.View());
-  }
+  // The copy takes room for what it holds, and the room held before goes: a store
+  // emptied by an assignment keeps no file's worth of memory.
+  TextBuffer copy(other);
+  Swap(copy);
   return *this;
 }
 
