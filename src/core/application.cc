@@ -41,7 +41,7 @@ int Application::VerifyDataFiles(VerifyMode mode) {
     if (writing) return ReadProfileString("Database_File", key, "", iniPath, bufferSize);
     return iniReadable ? ini.Read("Database_File", key, "", bufferSize) : std::string();
   };
-  std::string content;  // one buffer for every file's text
+  TextBuffer content;  // one buffer for every file's text
   int slot = 1;
   for (; slot <= kMaxDataFiles; ++slot) {
     const std::string key = "File" + std::to_string(slot);
@@ -55,7 +55,7 @@ int Application::VerifyDataFiles(VerifyMode mode) {
     LocatedFile located = DataFileInIoFolder(name);
     std::uint16_t sum = 0;
     if (ReadWholeFile(located.path, content)) {
-      sum = TextChecksum(content);
+      sum = TextChecksum(content.View());
     } else {
       located = LocateDataFile(name);
       if (located.path.empty()) {

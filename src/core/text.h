@@ -127,6 +127,9 @@ class TextBuffer {
 
  private:
   friend bool ReadWholeFile(const std::string& path, TextBuffer& content);
+  friend bool ReadFileStart(const std::string& path, std::size_t limit, TextBuffer& content, bool& whole);
+  // Reads from `fd` until `limit` bytes are held or the file ends; false on an error.
+  bool ReadFrom(int fd, std::size_t limit);
   // Makes room for at least `capacity` bytes, keeping what is held.
   void Reserve(std::size_t capacity);
   void Swap(TextBuffer& other) noexcept {
@@ -155,6 +158,7 @@ bool ReadWholeFile(const std::string& path, TextBuffer& content);
 // Reads at most `limit` bytes from the start of a file; `whole` tells whether that was
 // all of it. False as for ReadWholeFile.
 bool ReadFileStart(const std::string& path, std::size_t limit, std::string& content, bool& whole);
+bool ReadFileStart(const std::string& path, std::size_t limit, TextBuffer& content, bool& whole);
 
 // Writes a text file the way text mode does (each "\n" as CR LF), into a file beside
 // the target that is then renamed over it, so that a failure never leaves a truncated

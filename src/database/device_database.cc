@@ -103,6 +103,7 @@ std::string DataFileMissingText(const std::string& name) {
 }
 
 int LoadCatalogue(Host& host, DeviceDatabase& database, const std::vector<std::string>& fileNames) {
+  TextBuffer fileText;  // one buffer for every file's start
   int slot = 1;
   for (; slot <= kMaxDataFiles; ++slot) {
     if (static_cast<std::size_t>(slot) >= fileNames.size() || fileNames[static_cast<std::size_t>(slot)].empty()) break;
@@ -111,7 +112,6 @@ int LoadCatalogue(Host& host, DeviceDatabase& database, const std::vector<std::s
     // all of it only when the section does not end there. A file that reads in "IO Files"
     // is the one a look would find there; any other case takes the look first.
     LocatedFile located = DataFileInIoFolder(name);
-    std::string fileText;
     bool whole = false;
     if (!ReadFileStart(located.path, kCatalogueReadAhead, fileText, whole)) {
       located = LocateDataFile(name);
@@ -120,20 +120,25 @@ int LoadCatalogue(Host& host, DeviceDatabase& database, const std::vector<std::s
         host.Exit(1);
       }
     }
-    auto start = std::make_unique<IniText>(std::move(fileText));
-    if (!whole && !start->HoldsWholeSection("Database")) {
-      if (!ReadWholeFile(located.path, fileText)) {
-        host.MessageBox(DataFileMissingText(name));
-        host.Exit(1);
-      }
-      start = std::make_unique<IniText>(std::move(fileText));
-    }
-    IniText& file = *start;
     DatabaseEntry& entry = database.Entry(slot);
-    entry.Series = file.Read("Database", "Series", "");
-    entry.Group = file.Read("Database", "Group", "");
-    ReadNumberedKeys(file, "Database", "Part_No_", kMaxParts, entry.Part);
-    ReadNumberedKeys(file, "Database", "Color_", kMaxColors, entry.Color);
+    auto fill = [&entry](IniText& file) {
+      entry.Series = file.Read("Database", "Series", "");
+      entry.Group = file.Read("Database", "Group", "");
+      ReadNumberedKeys(file, "Database", "Part_No_", kMaxParts, entry.Part);
+      ReadNumberedKeys(file, "Database", "Color_", kMaxColors, entry.Color);
+    };
+    IniText start = IniText::Viewing(fileText.View());
+    if (whole || start.HoldsWholeSection("Database")) {
+      fill(start);
+      continue;
+    }
+    TextBuffer wholeText;
+    if (!ReadWholeFile(located.path, wholeText)) {
+      host.MessageBox(DataFileMissingText(name));
+      host.Exit(1);
+    }
+    IniText file = IniText::Viewing(wholeText.View());
+    fill(file);
   }
   return slot;
 }

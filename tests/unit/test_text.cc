@@ -265,6 +265,41 @@ TEST(FileChecksum, LongTextsSumInBlocksLikeShortOnes) {
   EXPECT_EQ(TextChecksum(text + "\r"), static_cast<std::uint16_t>((total + 13) & 0xFFFF));
 }
 
+// The sum as the text-mode chunks give it, byte by byte.
+std::uint16_t ChunkSum(const std::string& text) {
+  std::uint32_t total = 0;
+  std::size_t chunkLength = 0;
+  bool hidden = false;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') continue;
+    ++chunkLength;
+    hidden = hidden || text[i] == '\0';
+    if (!hidden) total += static_cast<std::uint32_t>(static_cast<signed char>(text[i]));
+    if (text[i] == '\n' || chunkLength == kChunkSize) {
+      chunkLength = 0;
+      hidden = false;
+    }
+  }
+  return static_cast<std::uint16_t>(total & 0xFFFF);
+}
+
+TEST(FileChecksum, EveryLengthAndPlaceOfCrLfHighBytesAndNulsSumsAsTheChunksDo) {
+  for (std::size_t length : {1u, 63u, 64u, 65u, 127u, 128u, 129u, 200u, 4096u, 70001u}) {
+    std::string text;
+    for (std::size_t i = 0; i < length; ++i) {
+      // CR LF pairs that straddle the 64-byte blocks, lone CRs, bytes above 0x7F.
+      text += (i % 64 == 63) ? '\r' : (i % 64 == 0 && i > 0) ? '\n' : (i % 29 == 5) ? '\r' : static_cast<char>(i * 37);
+    }
+    for (char& c : text) c = c == '\0' ? 'x' : c;
+    EXPECT_EQ(TextChecksum(text), ChunkSum(text)) << length;
+    for (std::size_t at : {std::size_t{0}, length / 2, length - 1}) {
+      std::string withNul = text;
+      withNul[at] = '\0';
+      EXPECT_EQ(TextChecksum(withNul), ChunkSum(withNul)) << length << " " << at;
+    }
+  }
+}
+
 TEST(FileChecksum, BytesAboveAsciiCountNegativeAndNulEndsAChunk) {
   EXPECT_EQ(TextChecksum("\xFF"), 0xFFFF);  // -1 in 16 bits
   EXPECT_EQ(TextChecksum(std::string("A\0B\nC", 5)), 65 + 67);
