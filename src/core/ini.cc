@@ -164,8 +164,6 @@ void IniText::ScanNextSection() {
   position_ = section.bodyEnd;
 }
 
-// The key lines of a section are read when one of its keys is first asked for: a
-// search for a later section passes over them.
 template <typename Visit>
 void IniText::ForEachKeyLine(const Section& section, Visit&& visit) const {
   const char* const data = text_.data();
@@ -213,6 +211,8 @@ std::string_view IniText::TrimmedValue(std::size_t begin, std::size_t end) const
   return text_.substr(begin, end - begin);
 }
 
+// The key lines of a section are read when one of its keys is first asked for: a
+// search for a later section passes over them.
 void IniText::ReadEntries(Section& section) const {
   if (section.read) return;
   section.read = true;
