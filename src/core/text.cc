@@ -712,16 +712,6 @@ bool ReadWholeFile(const std::string& path, TextBuffer& content) {
   return read;
 }
 
-bool ReadFileStart(const std::string& path, std::size_t limit, std::string& content, bool& whole) {
-  std::size_t size = 0;
-  int fd = OpenRegularFile(path, size);
-  if (fd < 0) return false;
-  bool read = ReadInto(fd, content, 0, std::min(size, limit));
-  ::close(fd);
-  whole = size <= limit;
-  return read;
-}
-
 bool ReadFileStart(const std::string& path, std::size_t limit, TextBuffer& content, bool& whole) {
   std::size_t size = 0;
   int fd = OpenRegularFile(path, size);

@@ -157,7 +157,6 @@ bool ReadWholeFile(const std::string& path, std::string& content);
 bool ReadWholeFile(const std::string& path, TextBuffer& content);
 // Reads at most `limit` bytes from the start of a file; `whole` tells whether that was
 // all of it. False as for ReadWholeFile.
-bool ReadFileStart(const std::string& path, std::size_t limit, std::string& content, bool& whole);
 bool ReadFileStart(const std::string& path, std::size_t limit, TextBuffer& content, bool& whole);
 
 // Writes a text file the way text mode does (each "\n" as CR LF), into a file beside

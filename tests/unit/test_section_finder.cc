@@ -227,8 +227,12 @@ TEST(SectionFinderRanges, VectorsAndBytesDeclineTheSameLongLines) {
       ASSERT_EQ(bytes.Applies(), vectors.Applies()) << length << " " << shift;
       // Lines shorter than a window of 960 bytes always serve; lines of 1919 characters
       // and more, among them every line longer than a chunk, never do.
-      if (length < 960) EXPECT_TRUE(bytes.Applies()) << length << " " << shift;
-      if (length >= 1919) EXPECT_FALSE(bytes.Applies()) << length << " " << shift;
+      if (length < 960) {
+        EXPECT_TRUE(bytes.Applies()) << length << " " << shift;
+      }
+      if (length >= 1919) {
+        EXPECT_FALSE(bytes.Applies()) << length << " " << shift;
+      }
       if (length >= 960 && length < 1919) {
         ++between;
         declinedBetween += bytes.Applies() ? 0 : 1;
